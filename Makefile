@@ -1,0 +1,31 @@
+# Brenlow: `make run` builds and starts the program, `make test` builds and
+# passes every test. Both install what is missing first.
+BUILD ?= build
+CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+JOBS ?= $(shell nproc)
+
+.PHONY: bootstrap configure build run test bench format clean
+
+bootstrap:
+	@bash scripts/bootstrap
+
+configure: bootstrap
+	@test -f $(BUILD)/build.ninja || cmake -S . -B $(BUILD) $(CMAKE_FLAGS)
+
+build: configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	@bash scripts/run "$(BUILD)"
+
+test: build
+	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+bench: build
+	@bash bench/run "$(BUILD)"
+
+format:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD)

@@ -1,0 +1,171 @@
+#include "cleaner/core/Platform.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMutex>
+
+#include <optional>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+struct State {
+    bool loaded = false;
+    Platform::Profile profile = Platform::Profile::Linux;
+    QString root;
+    QString resources;
+    QString home;
+    std::optional<std::pair<int, int>> version;
+    std::optional<QStringList> languages;
+};
+
+QMutex g_mutex;
+State g_state;
+
+QString cleanRoot(QString root)
+{
+    while (root.size() > 1 && root.endsWith(QLatin1Char('/')))
+        root.chop(1);
+    return root == QLatin1String("/") ? QString() : root;
+}
+
+QString defaultResources(Platform::Profile profile)
+{
+    const QString name = profile == Platform::Profile::MacOS ? QStringLiteral("macos")
+                                                             : QStringLiteral("linux");
+    QStringList candidates;
+    if (QCoreApplication::instance()) {
+        const QString bin = QCoreApplication::applicationDirPath();
+        candidates << bin + QStringLiteral("/../share/brenlow/") + name;
+    }
+    candidates << QStringLiteral(BRENLOW_SOURCE_RESOURCES "/") + name
+               << QStringLiteral(BRENLOW_INSTALL_RESOURCES "/") + name;
+    for (const QString &c : candidates) {
+        if (QFileInfo::exists(c + QStringLiteral("/Info.plist")))
+            return QDir::cleanPath(c);
+    }
+    return QDir::cleanPath(candidates.constLast());
+}
+
+const State &state()
+{
+    QMutexLocker lock(&g_mutex);
+    if (!g_state.loaded) {
+        const QByteArray name = qgetenv("BRENLOW_PLATFORM").toLower();
+        if (name == "macos")
+            g_state.profile = Platform::Profile::MacOS;
+        else if (name == "linux")
+            g_state.profile = Platform::Profile::Linux;
+        else
+#ifdef Q_OS_MACOS
+            g_state.profile = Platform::Profile::MacOS;
+#else
+            g_state.profile = Platform::Profile::Linux;
+#endif
+        g_state.root = cleanRoot(QString::fromLocal8Bit(qgetenv("BRENLOW_ROOT")));
+        const QByteArray resources = qgetenv("BRENLOW_RESOURCES");
+        g_state.resources = resources.isEmpty() ? defaultResources(g_state.profile)
+                                                : QDir::cleanPath(QString::fromLocal8Bit(resources));
+        g_state.home = QDir::homePath();
+        g_state.loaded = true;
+    }
+    return g_state;
+}
+
+} // namespace
+
+Platform::Profile Platform::profile()
+{
+    return state().profile;
+}
+
+QString Platform::profileName()
+{
+    return isMacOS() ? QStringLiteral("macos") : QStringLiteral("linux");
+}
+
+QString Platform::root()
+{
+    return state().root;
+}
+
+QString Platform::systemPath(const QString &absolute)
+{
+    return root() + absolute;
+}
+
+QString Platform::userName()
+{
+    if (const passwd *pw = getpwuid(geteuid()))
+        return QString::fromLocal8Bit(pw->pw_name);
+    return QString::number(geteuid());
+}
+
+QString Platform::homeDirectory()
+{
+    if (isMacOS())
+        return systemPath(QStringLiteral("/Users/") + userName());
+    return state().home;
+}
+
+QString Platform::applicationsPath()
+{
+    if (isMacOS())
+        return systemPath(QStringLiteral("/Applications"));
+    return systemPath(QStringLiteral("/usr/share/applications"));
+}
+
+QString Platform::trashPath()
+{
+    if (isMacOS())
+        return homeDirectory() + QStringLiteral("/.Trash");
+    return homeDirectory() + QStringLiteral("/.local/share/Trash");
+}
+
+QString Platform::resourcesPath()
+{
+    return state().resources;
+}
+
+bool Platform::systemVersionAtLeast(int major, int minor)
+{
+    state();
+    QMutexLocker lock(&g_mutex);
+    if (!g_state.version)
+        return true;
+    return *g_state.version >= std::make_pair(major, minor);
+}
+
+QStringList Platform::preferredLanguages()
+{
+    state();
+    {
+        QMutexLocker lock(&g_mutex);
+        if (g_state.languages)
+            return *g_state.languages;
+    }
+    return QLocale::system().uiLanguages();
+}
+
+void Platform::reload()
+{
+    QMutexLocker lock(&g_mutex);
+    g_state = State();
+}
+
+void Platform::setSystemVersionForTesting(int major, int minor)
+{
+    state();
+    QMutexLocker lock(&g_mutex);
+    g_state.version = std::make_pair(major, minor);
+}
+
+void Platform::setPreferredLanguagesForTesting(const QStringList &languages)
+{
+    state();
+    QMutexLocker lock(&g_mutex);
+    g_state.languages = languages;
+}

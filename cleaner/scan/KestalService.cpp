@@ -1,0 +1,227 @@
+#include "cleaner/scan/KestalService.h"
+
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Dispatch.h"
+#include "cleaner/core/Fatal.h"
+#include "cleaner/scan/JunkFileService.h"
+#include "cleaner/scan/ScanDispatch.h"
+
+#include <memory>
+
+namespace {
+
+struct Tables {
+    QHash<int, int> scanStatus;
+    QHash<int, std::optional<QList<Category>>> scanCategory;
+    QHash<int, float> scanningPercent;
+    QHash<int, qint64> scanTotalSize;
+    QHash<int, int> cleanDone;
+    QHash<int, std::pair<qint64, int>> cleanTotalSizeAndNumber;
+    QHash<int, QHash<int, CleanTriple>> cleanningCompletedStatus;
+    QHash<int, QPointer<DispatchTimer>> scanTimer;
+    // Bumped by every scan of a module: a loop left running by an earlier,
+    // stopped scan is silenced instead of storing into the new one.
+    QHash<int, quint64> generation;
+};
+
+std::unique_ptr<Tables> g_tables;
+
+Tables &tables()
+{
+    if (!g_tables) {
+        g_tables = std::make_unique<Tables>();
+        KestalService::initData();
+        KestalService::initCategory();
+        KestalService::initCleanningCompletedStatus();
+    }
+    return *g_tables;
+}
+
+bool hasOwnCategoriesFromScan(int moduleIndex)
+{
+    return moduleIndex == 6 || moduleIndex == 8 || moduleIndex == 9 || moduleIndex == 10;
+}
+
+} // namespace
+
+int KestalService::timeInterval = 1;
+
+QHash<int, int> &KestalService::scanStatus() { return tables().scanStatus; }
+QHash<int, std::optional<QList<Category>>> &KestalService::scanCategory() { return tables().scanCategory; }
+QHash<int, float> &KestalService::scanningPercent() { return tables().scanningPercent; }
+QHash<int, qint64> &KestalService::scanTotalSize() { return tables().scanTotalSize; }
+QHash<int, int> &KestalService::cleanDone() { return tables().cleanDone; }
+QHash<int, std::pair<qint64, int>> &KestalService::cleanTotalSizeAndNumber() { return tables().cleanTotalSizeAndNumber; }
+QHash<int, QHash<int, CleanTriple>> &KestalService::cleanningCompletedStatus() { return tables().cleanningCompletedStatus; }
+QHash<int, QPointer<DispatchTimer>> &KestalService::scanTimer() { return tables().scanTimer; }
+
+void KestalService::initData()
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    for (int i = 0; i < modules.size(); ++i) {
+        if (modules[i].isHeader())
+            continue;
+        g_tables->scanStatus.insert(i, 0);
+        g_tables->scanningPercent.insert(i, 0);
+        g_tables->scanTotalSize.insert(i, 0);
+        g_tables->cleanDone.insert(i, 0);
+        g_tables->cleanTotalSizeAndNumber.insert(i, {0, 0});
+    }
+}
+
+void KestalService::initCategory()
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    for (int i = 0; i < modules.size(); ++i) {
+        if (!modules[i].isHeader())
+            g_tables->scanCategory.insert(i, modules[i].categories);
+    }
+}
+
+void KestalService::initCleanningCompletedStatus()
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    for (int i = 0; i < modules.size(); ++i) {
+        if (modules[i].isHeader())
+            continue;
+        QHash<int, CleanTriple> inner;
+        if (!hasOwnCategoriesFromScan(i)) {
+            const int count = int(modules[i].categories.value_or(QList<Category>()).size());
+            for (int ci = 0; ci < count; ++ci)
+                inner.insert(ci, CleanTriple{});
+        }
+        g_tables->cleanningCompletedStatus.insert(i, inner);
+    }
+}
+
+void KestalService::reset()
+{
+    if (g_tables) {
+        for (const auto &timer : std::as_const(g_tables->scanTimer)) {
+            if (timer)
+                timer->invalidate();
+        }
+    }
+    g_tables.reset();
+}
+
+bool KestalService::isStopScan(int moduleIndex)
+{
+    const auto &status = scanStatus();
+    return status.contains(moduleIndex) && status.value(moduleIndex) == 2;
+}
+
+bool KestalService::judgeStopScan(int modelIndex)
+{
+    const auto &status = scanStatus();
+    if (!status.contains(modelIndex))
+        return false;
+    const int s = status.value(modelIndex);
+    return s == 2 || s == -1;
+}
+
+int KestalService::autoCleanEndIndex()
+{
+    return AppModuleService::rowOfTitle(QStringLiteral("Tools"));
+}
+
+void KestalService::startTimer(int modelIndex)
+{
+    stopTimer(modelIndex);
+    scanTimer().insert(modelIndex, DispatchTimer::scheduled(timeInterval * 1000, true, modelIndex,
+                                                            &KestalService::handleEvents));
+}
+
+void KestalService::stopTimer(int modelIndex)
+{
+    const QPointer<DispatchTimer> timer = scanTimer().take(modelIndex);
+    if (timer)
+        timer->invalidate();
+}
+
+void KestalService::handleEvents(DispatchTimer *timer)
+{
+    bool ok = false;
+    int module = timer->userInfo().toInt(&ok);
+    if (!ok)
+        module = 0;
+    if (scanStatus().value(module) != 2)
+        return;
+    // A stopped scan keeps what it stored so far.
+    QList<Module> &modules = AppModuleService::appModules();
+    if (module >= 0 && module < modules.size())
+        modules[module].categories = scanCategory().value(module).value_or(QList<Category>());
+    timer->invalidate();
+    if (scanTimer().value(module) == timer)
+        scanTimer().remove(module);
+}
+
+void KestalService::scanCategoryOfType(Category &c, const Progress &progress,
+                                       const ShowPercent &showPercent)
+{
+    ScanDispatch::scan(c, progress, showPercent);
+}
+
+void KestalService::scan(int modelIndex, Progress progress, ShowPercent showPercent, Done done)
+{
+    if (scanStatus().value(modelIndex) == 1)
+        return; // already scanning
+    scanStatus()[modelIndex] = 1;
+    startTimer(modelIndex);
+    const quint64 generation = ++tables().generation[modelIndex];
+    const auto silenced = [modelIndex, generation] {
+        return judgeStopScan(modelIndex) || tables().generation.value(modelIndex) != generation;
+    };
+
+    Dispatch::globalAsync([modelIndex, progress, showPercent, done, silenced, generation] {
+        for (int ci = 0;; ++ci) {
+            // The array is read afresh for each category: a store step of an
+            // earlier one may have replaced it.
+            std::optional<Category> copy;
+            int count = 0;
+            bool stale = false;
+            Dispatch::mainSync([&] {
+                stale = tables().generation.value(modelIndex) != generation;
+                const auto categories = scanCategory().value(modelIndex);
+                count = categories ? int(categories->size()) : 0;
+                if (ci < count)
+                    copy = (*categories)[ci];
+            });
+            if (stale || !copy)
+                return; // no categories: the timer keeps running and done never comes
+            Category c = std::move(*copy);
+
+            auto accumulated = std::make_shared<float>(0.0f);
+            const Progress wrappedProgress = [silenced, progress](const QString &path, qint64 size) {
+                if (!silenced() && progress)
+                    progress(path, size);
+            };
+            const ShowPercent wrappedPercent = [silenced, showPercent, accumulated](float step) {
+                if (silenced())
+                    return;
+                *accumulated += step;
+                if (showPercent)
+                    showPercent(*accumulated);
+            };
+            scanCategoryOfType(c, wrappedProgress, wrappedPercent);
+
+            Dispatch::mainAsync([modelIndex, ci, c = std::move(c), done, silenced]() mutable {
+                if (silenced())
+                    return;
+                auto &stored = scanCategory()[modelIndex];
+                if (!stored || ci >= stored->size())
+                    fatalStop(QStringLiteral("the category array of module %1 is shorter than %2")
+                                  .arg(modelIndex)
+                                  .arg(ci + 1));
+                (*stored)[ci] = std::move(c);
+                AppModuleService::appModules()[modelIndex].categories = stored;
+                if (ci + 1 == stored->size()) {
+                    scanStatus()[modelIndex] = -1;
+                    stopTimer(modelIndex);
+                }
+                if (done)
+                    done(ci);
+            });
+        }
+    });
+}

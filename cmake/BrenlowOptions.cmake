@@ -1,0 +1,16 @@
+# One interface target carries the language level, the warnings and Qt's
+# strictness switches; every Brenlow target links it.
+add_library(brenlow_options INTERFACE)
+target_compile_features(brenlow_options INTERFACE cxx_std_20)
+target_compile_options(brenlow_options INTERFACE -Wall -Wextra -Wnon-virtual-dtor)
+target_compile_definitions(brenlow_options INTERFACE
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_USE_QSTRINGBUILDER
+  QT_NO_URL_CAST_FROM_STRING
+  QT_NO_FOREACH)
+
+option(BRENLOW_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+if(BRENLOW_SANITIZE)
+  target_compile_options(brenlow_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
+  target_link_options(brenlow_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,112 @@
+#include "TestEnvironment.h"
+
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Platform.h"
+#include "cleaner/core/PropertyList.h"
+#include "cleaner/core/SettingInfo.h"
+#include "cleaner/scan/KestalService.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/wait.h>
+#include <unistd.h>
+
+TestEnvironment::TestEnvironment(const QString &profile) : m_profile(profile)
+{
+    m_oldHome = qgetenv("HOME");
+    qputenv("BRENLOW_PLATFORM", profile.toUtf8());
+    qputenv("BRENLOW_ROOT", QFile::encodeName(root()));
+    qputenv("BRENLOW_RESOURCES", QFile::encodeName(resources()));
+    QDir().mkpath(root() + QStringLiteral("/home/user"));
+    if (profile == QLatin1String("linux"))
+        qputenv("HOME", QFile::encodeName(root() + QStringLiteral("/home/user")));
+    useShippedResources();
+    resetCaches();
+    QDir().mkpath(home());
+}
+
+TestEnvironment::~TestEnvironment()
+{
+    KestalService::reset();
+    qputenv("HOME", m_oldHome);
+    qunsetenv("BRENLOW_PLATFORM");
+    qunsetenv("BRENLOW_ROOT");
+    qunsetenv("BRENLOW_RESOURCES");
+    resetCaches();
+}
+
+QString TestEnvironment::home() const
+{
+    return Platform::homeDirectory();
+}
+
+void TestEnvironment::useShippedResources()
+{
+    const QString from = QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/resources/") + m_profile;
+    for (const QString &name : QDir(from).entryList(QDir::Files)) {
+        QFile::remove(resources() + QLatin1Char('/') + name);
+        QFile::copy(from + QLatin1Char('/') + name, resources() + QLatin1Char('/') + name);
+    }
+}
+
+void TestEnvironment::writeModules(const QVariant &rows)
+{
+    QFile f(resources() + QStringLiteral("/BrenlowModules.plist"));
+    f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    f.write(PropertyList::toXml(rows));
+    f.close();
+    resetCaches();
+}
+
+void TestEnvironment::resetCaches()
+{
+    KestalService::reset();
+    Platform::reload();
+    AppModuleService::reset();
+    SettingInfo::reset();
+}
+
+QVariantMap TestEnvironment::moduleRow(const QString &title, const QVariantList &categories,
+                                       const QString &tab)
+{
+    return QVariantMap{{QStringLiteral("title"), title},
+                       {QStringLiteral("image"), title},
+                       {QStringLiteral("tab"), tab},
+                       {QStringLiteral("description"), title},
+                       {QStringLiteral("features"), QVariantList()},
+                       {QStringLiteral("categories"), categories}};
+}
+
+QVariantMap TestEnvironment::categoryRow(const QString &title, const QVariant &url,
+                                         const QVariant &urls, int state, const QString &type)
+{
+    QVariantMap row{{QStringLiteral("title"), title},
+                    {QStringLiteral("image"), title},
+                    {QStringLiteral("description"), title},
+                    {QStringLiteral("state"), state},
+                    {QStringLiteral("type"), type}};
+    if (url.isValid())
+        row.insert(QStringLiteral("url"), url);
+    if (urls.isValid())
+        row.insert(QStringLiteral("urls"), urls);
+    return row;
+}
+
+bool TestEnvironment::endsInFatalStop(const std::function<void()> &work)
+{
+    std::fflush(stdout);
+    std::fflush(stderr);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        // Keep the child's abort quiet and from dumping core.
+        std::signal(SIGABRT, SIG_DFL);
+        work();
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT;
+}

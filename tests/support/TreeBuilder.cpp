@@ -1,0 +1,95 @@
+#include "TreeBuilder.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+TreeBuilder::TreeBuilder() : m_dir(std::make_unique<QTemporaryDir>())
+{
+    m_root = m_dir->path();
+}
+
+TreeBuilder::TreeBuilder(const QString &existingRoot) : m_root(existingRoot)
+{
+    QDir().mkpath(m_root);
+}
+
+QString TreeBuilder::path(const QString &relative) const
+{
+    return relative.isEmpty() ? m_root : m_root + QLatin1Char('/') + relative;
+}
+
+QByteArray TreeBuilder::pathBytes(const QByteArray &relative) const
+{
+    return QFile::encodeName(m_root) + '/' + relative;
+}
+
+QString TreeBuilder::file(const QString &relative, qint64 size, const QDateTime &modified)
+{
+    const QString p = path(relative);
+    QDir().mkpath(QFileInfo(p).path());
+    QFile f(p);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        qFatal("cannot create %s", qPrintable(p));
+    const QByteArray chunk(qMin<qint64>(size, 65536), 'b');
+    for (qint64 left = size; left > 0; left -= chunk.size())
+        f.write(chunk.constData(), qMin<qint64>(left, chunk.size()));
+    f.close();
+    if (modified.isValid())
+        f.setFileTime(modified, QFileDevice::FileModificationTime);
+    return p;
+}
+
+QByteArray TreeBuilder::fileBytes(const QByteArray &relative, qint64 size)
+{
+    const QByteArray p = pathBytes(relative);
+    const int fd = ::open(p.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (fd < 0)
+        qFatal("cannot create a file with a raw name");
+    const QByteArray data(size, 'r');
+    if (size > 0 && ::write(fd, data.constData(), size_t(size)) != size)
+        qFatal("short write");
+    ::close(fd);
+    return p;
+}
+
+QString TreeBuilder::folder(const QString &relative)
+{
+    const QString p = path(relative);
+    QDir().mkpath(p);
+    return p;
+}
+
+QString TreeBuilder::symlink(const QString &relative, const QString &target)
+{
+    const QString p = path(relative);
+    QDir().mkpath(QFileInfo(p).path());
+    if (::symlink(QFile::encodeName(target).constData(), QFile::encodeName(p).constData()) != 0)
+        qFatal("cannot create a link");
+    return p;
+}
+
+void TreeBuilder::chmod(const QString &relative, int mode)
+{
+    ::chmod(QFile::encodeName(path(relative)).constData(), mode_t(mode));
+}
+
+QString TreeBuilder::url(const QString &relative) const
+{
+    const QString p = path(relative);
+    return QStringLiteral("file://") + p + (QFileInfo(p).isDir() ? QStringLiteral("/") : QString());
+}
+
+void TreeBuilder::makeRemovable(const QString &root)
+{
+    ::chmod(QFile::encodeName(root).constData(), 0755);
+    QDirIterator it(root, QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext())
+        ::chmod(QFile::encodeName(it.next()).constData(), 0755);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QTemporaryDir>
+
+// Builds folder trees for tests: files of chosen sizes and dates, folders,
+// symbolic links, modes, and names of raw bytes.
+class TreeBuilder {
+public:
+    TreeBuilder();
+    explicit TreeBuilder(const QString &existingRoot);
+
+    QString root() const { return m_root; }
+    QString path(const QString &relative) const;
+    QByteArray pathBytes(const QByteArray &relative) const;
+
+    // Creates parent folders as needed. Returns the absolute path.
+    QString file(const QString &relative, qint64 size = 0, const QDateTime &modified = {});
+    QByteArray fileBytes(const QByteArray &relative, qint64 size = 0);
+    QString folder(const QString &relative);
+    QString symlink(const QString &relative, const QString &target);
+    void chmod(const QString &relative, int mode);
+    // "file://" URL of a path under the root, with a trailing slash for folders.
+    QString url(const QString &relative) const;
+
+    // Restores write and execute rights below the root so the tree can go.
+    static void makeRemovable(const QString &root);
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    QString m_root;
+};
