@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaner/core/ModuleTypes.h"
+
 #include <QStringList>
 
 // The commands of brenlow-cli; each returns the process's exit status:
@@ -14,4 +16,9 @@ public:
     // The module index named by an index or a title (its translation too); -1 if none.
     static int resolveModule(const QString &name);
     static int usage(const QString &reason);
+
+    static void printOut(const QString &text);
+    static QString sizeText(qint64 bytes);
+    // A category's title, size and files, one line each.
+    static void printCategory(const Category &category);
 };

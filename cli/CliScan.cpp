@@ -1,0 +1,80 @@
+#include "cli/CliCommands.h"
+
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalService.h"
+#include "cli/JsonOutput.h"
+#include "cli/ProgressBar.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+
+void CliCommands::printCategory(const Category &c)
+{
+    printOut(QStringLiteral("  %1  %2  (%3 items, state %4)\n")
+                 .arg(getLocalizedString(c.title), -28)
+                 .arg(sizeText(c.size), 10)
+                 .arg(c.files.size())
+                 .arg(c.state));
+    for (const FolderInfoPtr &f : c.files) {
+        printOut(QStringLiteral("    [%1] %2  %3\n")
+                     .arg(f->checked == 1 ? QStringLiteral("x") : f->checked == -1 ? QStringLiteral("-") : QStringLiteral(" "))
+                     .arg(sizeText(f->size), 10)
+                     .arg(QString::fromLocal8Bit(FolderInfo::pathBytes(f->url))));
+    }
+}
+
+int CliCommands::scan(const QStringList &args)
+{
+    QStringList rest = args;
+    const bool json = rest.removeAll(QStringLiteral("--json")) > 0;
+    if (rest.size() != 1)
+        return usage(QStringLiteral("scan takes one MODULE"));
+    const int module = resolveModule(rest.first());
+    if (module < 0)
+        return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
+
+    const QList<Category> categories = AppModuleService::appModules()[module].categories.value_or(QList<Category>());
+    if (categories.isEmpty()) {
+        // A module with no categories of its own would scan forever.
+        if (json)
+            printOut(QString::fromUtf8(QJsonDocument(JsonOutput::module(AppModuleService::appModules()[module], module)).toJson()));
+        else
+            printOut(QStringLiteral("%1: nothing to scan\n").arg(getLocalizedString(AppModuleService::appModules()[module].title)));
+        return 0;
+    }
+
+    ProgressBar bar;
+    qint64 seen = 0;
+    const int count = int(categories.size());
+    KestalService::scan(
+        module,
+        [&](const QString &path, qint64 size) {
+            seen += size;
+            bar.update(double(KestalService::scanningPercent().value(module)), seen, path);
+        },
+        [&](float percent) { Q_UNUSED(percent); },
+        [&](int ci) {
+            KestalService::scanningPercent()[module] = float(ci + 1) / float(count);
+            bar.update(double(ci + 1) / count, seen, QString());
+            if (ci + 1 == count)
+                QCoreApplication::exit(0);
+        });
+    QCoreApplication::exec();
+    bar.finish();
+
+    const Module &m = AppModuleService::appModules()[module];
+    if (json) {
+        printOut(QString::fromUtf8(QJsonDocument(JsonOutput::module(m, module)).toJson()));
+        return 0;
+    }
+    qint64 total = 0;
+    printOut(QStringLiteral("%1\n").arg(getLocalizedString(m.title)));
+    for (const Category &c : m.categories.value_or(QList<Category>())) {
+        printCategory(c);
+        total += c.size;
+    }
+    printOut(QStringLiteral("Total: %1\n").arg(sizeText(total)));
+    return 0;
+}
+
