@@ -10,6 +10,8 @@
 #include <QFile>
 
 #include <csignal>
+#include <grp.h>
+#include <pwd.h>
 #include <cstdio>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -109,4 +111,27 @@ bool TestEnvironment::endsInFatalStop(const std::function<void()> &work)
     int status = 0;
     waitpid(pid, &status, 0);
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT;
+}
+
+bool TestEnvironment::canDropPrivileges()
+{
+    return geteuid() != 0 || getpwnam("nobody") != nullptr;
+}
+
+bool TestEnvironment::asUnprivileged(const std::function<bool()> &work)
+{
+    std::fflush(stdout);
+    std::fflush(stderr);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        if (geteuid() == 0) {
+            const passwd *pw = getpwnam("nobody");
+            if (!pw || setgroups(0, nullptr) != 0 || setgid(pw->pw_gid) != 0 || setuid(pw->pw_uid) != 0)
+                _exit(3);
+        }
+        _exit(work() ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }

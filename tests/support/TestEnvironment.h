@@ -35,6 +35,12 @@ public:
 
     // Runs work in a forked child; true when the child ended by a fatal stop.
     static bool endsInFatalStop(const std::function<void()> &work);
+    // Runs work in a forked child as the unprivileged user "nobody" (when the
+    // test runs as root; as itself otherwise) and answers what work answered.
+    // Permission rules only bite an unprivileged process.
+    static bool asUnprivileged(const std::function<bool()> &work);
+    // Whether permission checks apply to asUnprivileged (false when no such user).
+    static bool canDropPrivileges();
 
 private:
     QString m_profile;

@@ -93,3 +93,8 @@ void TreeBuilder::makeRemovable(const QString &root)
     while (it.hasNext())
         ::chmod(QFile::encodeName(it.next()).constData(), 0755);
 }
+
+void TreeBuilder::openToAll()
+{
+    ::chmod(QFile::encodeName(m_root).constData(), 0755);
+}

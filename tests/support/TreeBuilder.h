@@ -25,6 +25,8 @@ public:
     // "file://" URL of a path under the root, with a trailing slash for folders.
     QString url(const QString &relative) const;
 
+    // Lets every user walk the tree (a temporary folder starts private).
+    void openToAll();
     // Restores write and execute rights below the root so the tree can go.
     static void makeRemovable(const QString &root);
 
