@@ -1,5 +1,7 @@
 #include "TreeBuilder.h"
 
+#include "cleaner/core/FileRemoval.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -12,6 +14,15 @@
 TreeBuilder::TreeBuilder() : m_dir(std::make_unique<QTemporaryDir>())
 {
     m_root = m_dir->path();
+}
+
+TreeBuilder::~TreeBuilder()
+{
+    // Names of raw bytes and locked folders are beyond QTemporaryDir's clean-up.
+    if (m_dir) {
+        makeRemovable(m_root);
+        FileRemoval::removeItem(QFile::encodeName(m_root));
+    }
 }
 
 TreeBuilder::TreeBuilder(const QString &existingRoot) : m_root(existingRoot)
@@ -39,9 +50,9 @@ QString TreeBuilder::file(const QString &relative, qint64 size, const QDateTime 
     const QByteArray chunk(qMin<qint64>(size, 65536), 'b');
     for (qint64 left = size; left > 0; left -= chunk.size())
         f.write(chunk.constData(), qMin<qint64>(left, chunk.size()));
-    f.close();
     if (modified.isValid())
         f.setFileTime(modified, QFileDevice::FileModificationTime);
+    f.close();
     return p;
 }
 

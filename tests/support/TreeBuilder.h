@@ -11,6 +11,7 @@ class TreeBuilder {
 public:
     TreeBuilder();
     explicit TreeBuilder(const QString &existingRoot);
+    ~TreeBuilder();
 
     QString root() const { return m_root; }
     QString path(const QString &relative) const;
