@@ -50,9 +50,12 @@ QString TreeBuilder::file(const QString &relative, qint64 size, const QDateTime 
     const QByteArray chunk(qMin<qint64>(size, 65536), 'b');
     for (qint64 left = size; left > 0; left -= chunk.size())
         f.write(chunk.constData(), qMin<qint64>(left, chunk.size()));
-    if (modified.isValid())
-        f.setFileTime(modified, QFileDevice::FileModificationTime);
     f.close();
+    if (modified.isValid()) {
+        const qint64 ms = modified.toMSecsSinceEpoch();
+        const struct timespec times[2] = {{ms / 1000, (ms % 1000) * 1000000}, {ms / 1000, (ms % 1000) * 1000000}};
+        utimensat(AT_FDCWD, QFile::encodeName(p).constData(), times, 0);
+    }
     return p;
 }
 
