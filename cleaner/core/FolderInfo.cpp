@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QMimeDatabase>
 
+#include <cerrno>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
@@ -122,10 +123,16 @@ std::optional<ResourceValues> rootValues(const FolderUrl &url, QByteArray *path)
         return std::nullopt;
     *path = FolderInfo::pathBytes(u);
     struct stat st;
-    if (path->isEmpty() || fstatat(AT_FDCWD, path->constData(), &st, AT_SYMLINK_NOFOLLOW) != 0)
+    if (path->isEmpty())
         return std::nullopt;
+    if (fstatat(AT_FDCWD, path->constData(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
+        // A root that is not there is no error; one that cannot be read is.
+        if (errno != ENOENT && errno != ENOTDIR)
+            printLine("Error in get attribute of file ", url.url);
+        return std::nullopt;
+    }
     if (S_ISLNK(st.st_mode))
-        return std::nullopt;
+        return std::nullopt; // a category never lists what a link points to
     return ResourceValues::fromStat(*path, st);
 }
 
@@ -134,11 +141,8 @@ FolderInfoPtr rootNode(const FolderUrl &url, bool includeChildren, const Progres
 {
     QByteArray path;
     const auto values = rootValues(url, &path);
-    if (!values) {
-        if (!path.isEmpty() && access(path.constData(), F_OK) == 0)
-            printLine("Error in get attribute of file ", url.url);
+    if (!values)
         return nullptr;
-    }
     FolderInfoPtr node = FolderInfo::nodeFromValues(*values, 0, url.checked);
     if (values->isDirectory && includeChildren) {
         ChildrenInfo info = children(url);

@@ -1,0 +1,290 @@
+#include "cleaner/core/FolderInfo.h"
+#include "cleaner/core/ModuleTypes.h"
+#include "cleaner/core/Services.h"
+#include "support/TestEnvironment.h"
+#include "support/TreeBuilder.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+namespace {
+
+FolderUrl rootOf(const TreeBuilder &t, const QString &relative = QString(), int checked = 0)
+{
+    return FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(t.path(relative))),
+                     QStringLiteral("Folder"), checked};
+}
+
+QStringList names(const QList<FolderInfoPtr> &nodes)
+{
+    QStringList list;
+    for (const FolderInfoPtr &n : nodes)
+        list << n->name;
+    list.sort();
+    return list;
+}
+
+FolderInfoPtr byName(const QList<FolderInfoPtr> &nodes, const QString &name)
+{
+    for (const FolderInfoPtr &n : nodes) {
+        if (n->name == name)
+            return n;
+    }
+    return nullptr;
+}
+
+bool exists(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0;
+}
+
+} // namespace
+
+class FolderInfoTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void rootNodeWithOneLevel()
+    {
+        TreeBuilder t;
+        t.file("root/.hidden", 5);
+        t.file("root/a.txt", 10);
+        t.file("root/sub/deep/x", 100);
+        t.file("root/sub/y", 1000);
+        t.file("root/App.app/Contents/z", 7);
+        QList<QPair<QString, qint64>> progress;
+        const FolderInfoPtr node = FolderInfo::folderInfo(
+            rootOf(t, "root", 1), true,
+            [&](const QString &path, qint64 size) { progress.append({path, size}); });
+        QVERIFY(node);
+        QCOMPARE(names(node->children), QStringList({".hidden", "App.app", "a.txt", "sub"}));
+        QCOMPARE(node->size, 1122);
+        QCOMPARE(node->checked, 1);
+        QCOMPARE(node->findex, 0);
+        QVERIFY(node->dbNumber.isEmpty());
+        // A folder's size comes from the deep walk; a package is one item.
+        const FolderInfoPtr sub = byName(node->children, "sub");
+        QCOMPARE(sub->size, 1100);
+        QVERIFY(sub->isFolder);
+        QVERIFY(sub->children.isEmpty());
+        QVERIFY(byName(node->children, "App.app")->isPackage);
+        QCOMPARE(byName(node->children, "App.app")->size, 7);
+        QVERIFY(byName(node->children, ".hidden")->hidden);
+        QList<int> indices;
+        for (const FolderInfoPtr &c : node->children) {
+            indices << c->findex;
+            QCOMPARE(c->checked, 1);
+        }
+        QCOMPARE(indices, QList<int>({0, 1, 2, 3}));
+        // Progress is posted to the main queue, one call per entry and one for the root.
+        QTRY_COMPARE(progress.size(), 5);
+        QCOMPARE(progress.last(), qMakePair(t.path("root"), qint64(1122)));
+
+        const FolderInfoPtr flat = FolderInfo::folderInfo(rootOf(t, "root"), false, {});
+        QVERIFY(flat->children.isEmpty());
+    }
+
+    void rootsThatGiveNoNode()
+    {
+        TreeBuilder t;
+        t.file("real/f", 1);
+        t.symlink("link", t.path("real"));
+        QVERIFY(!FolderInfo::folderInfo(rootOf(t, "link"), true, {}));
+        QVERIFY(!FolderInfo::folderInfo(rootOf(t, "gone"), true, {}));
+        QVERIFY(!FolderInfo::folderInfo(FolderUrl{}, true, {}));
+        QVERIFY(!FolderInfo::folderInfo(FolderUrl{QStringLiteral("http://example.org/"), {}, 0}, true, {}));
+        QCOMPARE(FolderInfo::childrenOfDirectory(rootOf(t, "gone"), {}).children.size(), 0);
+    }
+
+    void filterListsAnAcceptedFolderOnce()
+    {
+        TreeBuilder t;
+        t.file("r/l1/l2/keep/inner/f", 40);
+        t.file("r/l1/l2/keep/g", 2);
+        t.file("r/l1/other", 1);
+        const WalkFilter atLevel3 = [](const QUrl &, DirectoryEnumerator &e) { return e.level() == 3; };
+        const ChildrenInfo info = FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, atLevel3);
+        QCOMPARE(names(info.children), QStringList({"keep"}));
+        QCOMPARE(info.children.first()->size, 42);
+        QCOMPARE(info.totalSize, 42);
+        const FolderInfoPtr viaRoot = FolderInfo::filterFolderInfo(rootOf(t, "r"), true, {}, atLevel3);
+        QCOMPARE(viaRoot->size, 42);
+        // A filter may prune the walk itself.
+        const WalkFilter prune = [](const QUrl &url, DirectoryEnumerator &e) {
+            if (url.path().endsWith("/l1")) {
+                e.skipDescendants();
+                return false;
+            }
+            return true;
+        };
+        QVERIFY(FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, prune).children.isEmpty());
+    }
+
+    void filesFromDirWithFilterVerdicts_data()
+    {
+        QTest::addColumn<int>("verdictForFolders");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("keep everything") << int(FilterType::NoSkip) << QStringList({"a", "b", "f1", "f2"});
+        QTest::newRow("folders left out, walked") << int(FilterType::SkipSelf) << QStringList({"f1", "f2"});
+        QTest::newRow("folders kept, not walked") << int(FilterType::SkipChildren) << QStringList({"a", "f1"});
+        QTest::newRow("folders neither") << int(FilterType::SkipSelfAndChildren) << QStringList({"f1"});
+    }
+    void filesFromDirWithFilterVerdicts()
+    {
+        QFETCH(int, verdictForFolders);
+        QFETCH(QStringList, expected);
+        TreeBuilder t;
+        t.file("r/f1", 1);
+        t.file("r/.h", 1);
+        t.file("r/a/b/f2", 2);
+        const TypeFilter filter = [&](const ResourceValues &v, DirectoryEnumerator &) {
+            return v.isDirectory ? FilterType(verdictForFolders) : FilterType::NoSkip;
+        };
+        float percent = 0;
+        const ChildrenInfo info = FolderInfo::filesFromDirWithFilter(
+            rootOf(t, "r"), {}, [&](float step) { percent += step; }, filter);
+        QCOMPARE(names(info.children), expected);
+        for (const FolderInfoPtr &n : info.children)
+            QCOMPARE(n->color, QColor(Qt::black));
+        // Two visible top entries: each is a third.
+        QTRY_COMPARE(percent, 2.0f / 3.0f);
+    }
+
+    void deepProgressIsBatched()
+    {
+        TreeBuilder t;
+        t.file("r/1/2/3/top", 1);           // level 4: reported at once
+        t.file("r/1/2/3/4/5/deep1", 10);    // level 6: pending
+        t.file("r/1/2/3/4/5/6/deep2", 100); // level 7: pending
+        QList<QPair<QString, qint64>> calls;
+        qint64 total = 0;
+        const ChildrenInfo info = FolderInfo::filesFromDirWithFilter(
+            rootOf(t, "r"), [&](const QString &p, qint64 s) { calls.append({p, s}); total += s; }, {},
+            [](const ResourceValues &v, DirectoryEnumerator &) {
+                return v.isDirectory ? FilterType::SkipSelf : FilterType::NoSkip;
+            });
+        QCOMPARE(info.totalSize, 111);
+        QTRY_COMPARE(total, 111);
+        QCOMPARE(calls.size(), 2);
+        QCOMPARE(calls.last(), qMakePair(QString(), qint64(110)));
+    }
+
+    void folderSizes()
+    {
+        TreeBuilder t;
+        t.file("r/a", 10);
+        t.file("r/.DS_Store", 500);
+        t.file("r/s/b", 20);
+        t.file("r/s/x.DS_Store", 1000);
+        t.file("r/Pkg.app/c", 30);
+        const QUrl root = FolderInfo::urlFromPath(t.path("r"));
+        QCOMPARE(FolderInfo::getFolderSize(root), 1560);
+        QCOMPARE(FolderInfo::fastFolderSizeAtFSRef(t.path("r")), 60);
+        QCOMPARE(FolderInfo::getFolderSize(FolderInfo::urlFromPath(t.path("r/a"))), 0);
+        QCOMPARE(FolderInfo::getFolderSize(FolderInfo::urlFromPath(t.path("none"))), 0);
+        QCOMPARE(FolderInfo::fastFolderSizeAtFSRef(t.path("none")), 0);
+
+        const auto usage = FolderInfo::getFolderUsageWithFilter(
+            root, [](const QString &name) { return name.startsWith(QLatin1Char('.')); });
+        QCOMPARE(usage.value("s"), 1020);
+        QCOMPARE(usage.value("a"), 10);
+        QVERIFY(!usage.contains(".DS_Store"));
+
+        qint64 async = -1;
+        FolderInfo::asyncGetFolderSize(root, [&](qint64 size) { async = size; });
+        QTRY_COMPARE(async, 1560);
+    }
+
+    void deleteFileRemovesWhatTheFolderAllows()
+    {
+        TreeBuilder t;
+        t.file("victim/inner/f", 3);
+        QVERIFY(FolderInfo::deleteFile(FolderInfo::urlFromPath(t.path("victim"))));
+        QVERIFY(!QFile::exists(t.path("victim")));
+        QVERIFY(!FolderInfo::deleteFile(FolderInfo::urlFromPath(t.path("victim"))));
+
+        // A link is removed as itself; what it points to stays whole.
+        TreeBuilder outside;
+        outside.file("kept/data", 8);
+        t.symlink("link", outside.path("kept"));
+        QVERIFY(FolderInfo::deleteFile(FolderInfo::urlFromPath(t.path("link"))));
+        QVERIFY(QFile::exists(outside.path("kept/data")));
+
+        // A name that is not UTF-8 is found and removed by its bytes.
+        const QByteArray odd = t.fileBytes("bad-\xfe\xff", 4);
+        const FolderInfoPtr parent = FolderInfo::folderInfo(rootOf(t), true, {});
+        QCOMPARE(parent->children.size(), 1);
+        QCOMPARE(FolderInfo::pathBytes(parent->children.first()->url), odd);
+        QVERIFY(FolderInfo::deleteFile(parent->children.first()->url));
+        QVERIFY(!exists(odd));
+    }
+
+    void deletableMeansWhatTheParentAllows()
+    {
+        if (!TestEnvironment::canDropPrivileges())
+            QSKIP("no unprivileged user to test permissions with");
+        TreeBuilder t;
+        t.openToAll();
+        t.folder("locked");
+        t.file("locked/own/f", 1);
+        ::chmod(QFile::encodeName(t.path("locked/own")).constData(), 0777);
+        ::chmod(QFile::encodeName(t.path("locked/own/f")).constData(), 0666);
+        const QByteArray lockedChild = QFile::encodeName(t.path("locked/own"));
+        const QByteArray freeFile = QFile::encodeName(t.path("locked/own/f"));
+        // The folder "locked" belongs to root and is not writable by others:
+        // its entry cannot go, but what is inside the open folder can.
+        QVERIFY(TestEnvironment::asUnprivileged([=] {
+            return !FolderInfo::deleteFile(FolderInfo::urlFromPath(lockedChild)) &&
+                   FolderInfo::deleteFile(FolderInfo::urlFromPath(freeFile));
+        }));
+        QVERIFY(exists(lockedChild));
+        QVERIFY(!exists(freeFile));
+    }
+
+    void handleString_data()
+    {
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("blank") << "file:///Users/a/My%20File.txt" << "/Users/a/My File.txt";
+        QTest::newRow("escapes") << "file:///tmp/caf%C3%A9" << "/tmp/café";
+        QTest::newRow("plain path") << "/already/plain" << "/already/plain";
+        QTest::newRow("every file://") << "file://file:///x" << "/x";
+        QTest::newRow("bad escape") << "file:///tmp/%zz" << "";
+        QTest::newRow("cut escape") << "file:///tmp/%4" << "";
+        QTest::newRow("not UTF-8") << "file:///tmp/%FF" << "";
+    }
+    void handleString()
+    {
+        QFETCH(QString, input);
+        QFETCH(QString, expected);
+        QCOMPARE(Services::handleString(input), expected);
+    }
+
+    void urlsKeepRawBytes()
+    {
+        const QByteArray raw("/tmp/a b/\xff\xfe/%41");
+        const QUrl url = FolderInfo::urlFromPath(raw);
+        QCOMPARE(FolderInfo::pathBytes(url), raw);
+        QCOMPARE(Services::handleBytes(FolderInfo::absoluteString(url)), raw);
+        QVERIFY(FolderInfo::absoluteString(url).startsWith("file:///tmp/a%20b/"));
+    }
+
+    void iconNames()
+    {
+        auto make = [](const QString &name, bool folder, bool package, const QString &icon) {
+            return FolderInfo::make(0, name, icon, 0, QColor(), folder, FolderInfo::distantPast(),
+                                    QUrl(), package, {}, false, 0, QString());
+        };
+        QCOMPARE(make("x", false, false, "PhotoCache")->iconName(), QStringLiteral("PhotoCache"));
+        QCOMPARE(make("Photos", true, false, "")->iconName(), QStringLiteral("folder"));
+        QCOMPARE(make("A.app", true, true, "")->iconName(), QStringLiteral("package-x-generic"));
+        QCOMPARE(make("song.mp3", false, false, "")->iconName(), QStringLiteral("audio-mpeg"));
+        QCOMPARE(make("", false, false, "")->iconName(), QStringLiteral("NSFolder"));
+    }
+};
+
+QTEST_GUILESS_MAIN(FolderInfoTest)
+#include "test_folder_info.moc"
