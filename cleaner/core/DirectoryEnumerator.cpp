@@ -45,13 +45,15 @@ std::unique_ptr<DirectoryEnumerator> DirectoryEnumerator::create(const QByteArra
 {
     if (rootPath.isEmpty())
         return nullptr;
-    DIR *dir = openFolderAt(AT_FDCWD, rootPath.constData());
+    // A trailing slash would make the kernel follow a link in the last place.
+    const QByteArray trimmed = withoutTrailingSlash(rootPath);
+    DIR *dir = openFolderAt(AT_FDCWD, trimmed.isEmpty() ? "/" : trimmed.constData());
     if (!dir)
         return nullptr;
     std::unique_ptr<DirectoryEnumerator> e(new DirectoryEnumerator(options));
     auto frame = std::make_unique<Frame>();
     frame->dir = dir;
-    frame->path = withoutTrailingSlash(rootPath);
+    frame->path = trimmed;
     e->m_stack.push_back(std::move(frame));
     return e;
 }

@@ -122,6 +122,9 @@ std::optional<ResourceValues> rootValues(const FolderUrl &url, QByteArray *path)
     if (url.url.isEmpty() || !u.isValid() || !u.isLocalFile())
         return std::nullopt;
     *path = FolderInfo::pathBytes(u);
+    // Without its trailing slash, so that a link in the last place is seen as a link.
+    while (path->size() > 1 && path->endsWith('/'))
+        path->chop(1);
     struct stat st;
     if (path->isEmpty())
         return std::nullopt;

@@ -1,5 +1,8 @@
 #include "TestEnvironment.h"
 
+#include "TreeBuilder.h"
+#include "cleaner/core/FileRemoval.h"
+
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
@@ -33,6 +36,9 @@ TestEnvironment::TestEnvironment(const QString &profile) : m_profile(profile)
 TestEnvironment::~TestEnvironment()
 {
     KestalService::reset();
+    // Raw-byte names and locked folders are beyond QTemporaryDir's clean-up.
+    TreeBuilder::makeRemovable(root());
+    FileRemoval::removeItem(QFile::encodeName(root()));
     qputenv("HOME", m_oldHome);
     qunsetenv("BRENLOW_PLATFORM");
     qunsetenv("BRENLOW_ROOT");

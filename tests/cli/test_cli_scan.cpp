@@ -1,0 +1,161 @@
+#include "cleaner/core/Platform.h"
+#include "cleaner/core/PropertyList.h"
+#include "support/TestEnvironment.h"
+#include "support/TreeBuilder.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+struct Run {
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Run cli(const QStringList &args, const QProcessEnvironment &env)
+{
+    QProcess p;
+    p.setProcessEnvironment(env);
+    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/cli/brenlow-cli"), args);
+    if (!p.waitForFinished(60000))
+        qFatal("brenlow-cli did not finish");
+    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput(),
+               p.readAllStandardError()};
+}
+
+QProcessEnvironment environmentFor(const TestEnvironment &env, const QString &profile)
+{
+    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
+    e.insert("BRENLOW_PLATFORM", profile);
+    e.insert("BRENLOW_ROOT", env.root());
+    e.insert("BRENLOW_RESOURCES", env.resources());
+    e.insert("HOME", env.root() + "/home/user");
+    e.insert("XDG_CONFIG_HOME", env.root() + "/config");
+    return e;
+}
+
+QJsonObject categoryNamed(const QJsonObject &module, const QString &title)
+{
+    for (const QJsonValue &c : module.value("categories").toArray()) {
+        if (c.toObject().value("title").toString() == title)
+            return c.toObject();
+    }
+    return {};
+}
+
+QStringList fileNames(const QJsonObject &category)
+{
+    QStringList names;
+    for (const QJsonValue &f : category.value("files").toArray())
+        names << f.toObject().value("name").toString();
+    names.sort();
+    return names;
+}
+
+} // namespace
+
+class CliScan : public QObject {
+    Q_OBJECT
+
+private slots:
+    void macosTreeScansItsRoots()
+    {
+        TestEnvironment env(QStringLiteral("macos"));
+        TreeBuilder tree(env.root());
+        const QString home = "Users/" + Platform::userName();
+        tree.file(home + "/Library/Caches/com.example.app/cache.db", 1000);
+        tree.file(home + "/Library/Caches/org.other/blob", 24);
+        tree.file(home + "/Library/Logs/app.log", 50);
+        tree.file("Library/Logs/system.log", 70);
+        const Run run = cli({"scan", "System Junk", "--json"}, environmentFor(env, "macos"));
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
+        QCOMPARE(module.value("title").toString(), QStringLiteral("System Junk"));
+        const QJsonObject caches = categoryNamed(module, "User Cache");
+        QCOMPARE(fileNames(caches), QStringList({"com.example.app", "org.other"}));
+        QCOMPARE(caches.value("size").toInteger(), 1024);
+        QCOMPARE(categoryNamed(module, "User Logs").value("size").toInteger(), 50);
+        QCOMPARE(categoryNamed(module, "System Logs").value("size").toInteger(), 70);
+        const QJsonObject node = caches.value("files").toArray().first().toObject();
+        for (const char *key : {"findex", "name", "size", "isFolder", "date", "url", "isPackage",
+                                "children", "hidden", "checked", "dbNumber"})
+            QVERIFY2(node.contains(QLatin1String(key)), key);
+        QVERIFY(node.value("url").toString().startsWith("file://" + env.root() + "/" + home));
+        QCOMPARE(node.value("checked").toInt(), 1);
+    }
+
+    void oddRootsGiveTheirFallbacks()
+    {
+        TestEnvironment env(QStringLiteral("linux"));
+        TreeBuilder tree(env.root());
+        TreeBuilder elsewhere;
+        elsewhere.file("precious/data", 10);
+        // A symbolic root, a removed root, an unreadable folder, a raw name.
+        tree.symlink("var/cache/apt/archives", elsewhere.path("precious"));
+        tree.file("home/user/.cache/locked/inner", 5);
+        tree.chmod("home/user/.cache/locked", 0);
+        tree.fileBytes("home/user/.cache/caf\xe9\xff", 7);
+        const Run run = cli({"scan", "1", "--json"}, environmentFor(env, "linux"));
+        tree.chmod("home/user/.cache/locked", 0755);
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
+        QCOMPARE(categoryNamed(module, "System Cache").value("files").toArray().size(), 0);
+        QCOMPARE(categoryNamed(module, "Crash Reports").value("files").toArray().size(), 0);
+        const QJsonObject caches = categoryNamed(module, "User Cache");
+        QCOMPARE(caches.value("files").toArray().size(), 2);
+        bool sawRaw = false;
+        for (const QJsonValue &f : caches.value("files").toArray()) {
+            const QString url = f.toObject().value("url").toString();
+            if (url.endsWith("caf%E9%FF")) {
+                sawRaw = true;
+                QCOMPARE(f.toObject().value("size").toInt(), 7);
+            }
+        }
+        QVERIFY2(sawRaw, run.out.constData());
+        QVERIFY(QFile::exists(elsewhere.path("precious/data")));
+    }
+
+    void resourceFolderReplacesTheModuleList()
+    {
+        TestEnvironment env(QStringLiteral("linux"));
+        TreeBuilder tree(env.root());
+        tree.file("srv/junk/a", 3);
+        env.writeModules(QVariantList{TestEnvironment::moduleRow(
+            "Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
+        const Run run = cli({"scan", "Custom", "--json"}, environmentFor(env, "linux"));
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
+        QCOMPARE(fileNames(categoryNamed(module, "Only")), QStringList({"a"}));
+
+        const Run list = cli({"modules", "--json"}, environmentFor(env, "linux"));
+        QCOMPARE(QJsonDocument::fromJson(list.out).array().size(), 1);
+    }
+
+    void badUsage_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::newRow("no command") << QStringList{};
+        QTest::newRow("unknown command") << QStringList{"frobnicate"};
+        QTest::newRow("unknown module") << QStringList{"scan", "No Such Module"};
+        QTest::newRow("index out of range") << QStringList{"scan", "99"};
+        QTest::newRow("heading row") << QStringList{"scan", "13"};
+        QTest::newRow("two modules") << QStringList{"scan", "1", "2"};
+    }
+    void badUsage()
+    {
+        QFETCH(QStringList, args);
+        TestEnvironment env(QStringLiteral("linux"));
+        const Run run = cli(args, environmentFor(env, "linux"));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(run.err.startsWith("brenlow-cli: "));
+    }
+};
+
+QTEST_GUILESS_MAIN(CliScan)
+#include "test_cli_scan.moc"

@@ -1,0 +1,357 @@
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Platform.h"
+#include "support/TestEnvironment.h"
+
+#include <QFile>
+#include <QtTest>
+
+namespace {
+
+FolderInfoPtr node(int checked, qint64 size = 1, const QString &path = QString(),
+                   QList<FolderInfoPtr> children = {})
+{
+    static int counter = 0;
+    const QString p = path.isEmpty() ? QStringLiteral("/n/%1").arg(++counter) : path;
+    return FolderInfo::make(0, p, QString(), size, QColor(), !children.isEmpty(),
+                            FolderInfo::distantPast(), FolderInfo::urlFromPath(p), false,
+                            std::move(children), false, checked, QString());
+}
+
+QList<FolderInfoPtr> nodes(const QList<int> &states)
+{
+    QList<FolderInfoPtr> list;
+    for (int s : states)
+        list.append(node(s));
+    return list;
+}
+
+QVariantList oneModule(const QVariantList &categories)
+{
+    return {TestEnvironment::moduleRow(QStringLiteral("Only"), categories)};
+}
+
+} // namespace
+
+class ModuleTable : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QStandardPaths::setTestModeEnabled(true); }
+
+    void shippedTablesKeepTheFixedIndices_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::newRow("linux") << QStringLiteral("linux");
+        QTest::newRow("macos") << QStringLiteral("macos");
+    }
+    void shippedTablesKeepTheFixedIndices()
+    {
+        QFETCH(QString, profile);
+        TestEnvironment env(profile);
+        const QStringList titles = {"Auto Cleanup", "System Junk", "Photo Cache", "Mail Trash",
+                                    "Trash Bin", "iTunes Junk", "Duplicates", "Large and Old Files",
+                                    "Similar Images", "Uninstaller", "Eraser", "Privacy", "Extensions"};
+        const QList<Module> &modules = AppModuleService::appModules();
+        QVERIFY(modules.size() >= 13);
+        for (int i = 0; i < titles.size(); ++i) {
+            QCOMPARE(modules[i].title, titles[i]);
+            QVERIFY2(!modules[i].isHeader(), "no heading row among the fixed indices");
+        }
+        QStringList children;
+        for (const Category &c : *modules[0].categories)
+            children << c.title;
+        QCOMPARE(children, QStringList({"System Junk", "Photo Cache", "Mail Trash", "Trash Bin", "iTunes Junk"}));
+        QCOMPARE(AppModuleService::fileName(), QStringLiteral("Brenlow"));
+
+        // Auto Cleanup walks the rows between "Cleanup" and "Tools": the
+        // children's rows n + 2, which must be modules 1 to 5.
+        const int start = AppModuleService::rowOfTitle(QStringLiteral("Cleanup"));
+        const int end = AppModuleService::rowOfTitle(QStringLiteral("Tools"));
+        const QList<int> rows = AppModuleService::leftListRows();
+        QList<int> walked;
+        for (int r = start + 1; r < end; ++r)
+            walked << rows[r];
+        QCOMPARE(walked, QList<int>({1, 2, 3, 4, 5}));
+        for (int n = 0; n < 5; ++n)
+            QCOMPARE(rows[n + 2], n + 1);
+        QVERIFY(modules[rows[start]].isHeader());
+        QVERIFY(modules[rows[end]].isHeader());
+    }
+
+    void categoryDefaultsAndUrlForms()
+    {
+        TestEnvironment env;
+        const QVariantMap dictUrl{{"url", "file:///opt/x/"}, {"type", "Special"}, {"checked", 1}};
+        QVariantMap typed = TestEnvironment::categoryRow("Typed", dictUrl, QVariantList{"file://~/a/", "~/b/"}, 1, "Mail");
+        typed.insert("size", qint64(42));
+        typed.insert("finder", 3);
+        QVariantMap bare{{"title", "Bare"}, {"image", "i"}, {"description", "d"},
+                         {"state", QStringLiteral("not a number")}, {"size", "x"}};
+        QVariantMap mixed = TestEnvironment::categoryRow("Mixed", {}, QVariantList{"file:///a/", dictUrl});
+        env.writeModules(oneModule({typed, bare, mixed}));
+
+        const QList<Category> &cats = *AppModuleService::appModules()[0].categories;
+        const Category &t = cats[0];
+        QCOMPARE(t.size, 42);
+        QCOMPARE(t.type, QStringLiteral("Mail"));
+        QCOMPARE(t.state, 1);
+        QCOMPARE(t.finder, 3);
+        QCOMPARE(t.url.type, QStringLiteral("Special"));
+        QCOMPARE(t.url.checked, 1);
+        QCOMPARE(t.url.url, QStringLiteral("file://") + env.root() + QStringLiteral("/opt/x/"));
+        QCOMPARE(t.urls.size(), 2);
+        QCOMPARE(t.urls[0].url, QStringLiteral("file://") + Platform::homeDirectory() + QStringLiteral("/a/"));
+        QCOMPARE(t.urls[1].url, QStringLiteral("~/b/")); // only "file://~/" expands
+        QCOMPARE(t.urls[0].type, QStringLiteral("Folder"));
+        QCOMPARE(t.urls[0].checked, 0);
+
+        const Category &b = cats[1];
+        QCOMPARE(b.state, 0); // a value of the wrong type counts as absent
+        QCOMPARE(b.size, 0);
+        QCOMPARE(b.type, QStringLiteral("Folder"));
+        QVERIFY(b.url.url.isEmpty());
+        QVERIFY(b.urls.isEmpty());
+        QVERIFY(!b.finder);
+        QVERIFY(cats[2].urls.isEmpty()); // neither all strings nor all dictionaries
+
+        // The pristine table is a separate load, untouched by changes to the live one.
+        AppModuleService::appModules()[0].categories->first().state = 0;
+        QCOMPARE(AppModuleService::initAppModules()[0].categories->first().state, 1);
+    }
+
+    void homeExpansionFollowsTheProfile()
+    {
+        {
+            TestEnvironment env(QStringLiteral("macos"));
+            QCOMPARE(AppModuleService::updateModuleURL("file://~/Library/Caches/"),
+                     "file://" + env.root() + "/Users/" + Platform::userName() + "/Library/Caches/");
+        }
+        {
+            TestEnvironment env(QStringLiteral("linux"));
+            QCOMPARE(AppModuleService::updateModuleURL("file://~/.cache/"),
+                     "file://" + env.root() + "/home/user/.cache/");
+            QCOMPARE(AppModuleService::updateModuleURL("file:///var/log/"),
+                     "file://" + env.root() + "/var/log/");
+        }
+    }
+
+    void configurationFaultsStopTheProgram_data()
+    {
+        QTest::addColumn<QVariant>("rows");
+        QTest::addColumn<QString>("fault");
+        const QVariantMap cat = TestEnvironment::categoryRow("C");
+        QVariantMap noTitle = TestEnvironment::moduleRow("M", {cat});
+        noTitle.remove("title");
+        QVariantMap noFeatures = TestEnvironment::moduleRow("M", {cat});
+        noFeatures.remove("features");
+        QVariantMap badTab = TestEnvironment::moduleRow("M", {cat});
+        badTab.insert("tab", 7);
+        QVariantMap catNoImage = cat;
+        catNoImage.remove("image");
+        QVariantMap urlNoChecked = TestEnvironment::categoryRow("C", QVariantMap{{"url", "file:///x"}, {"type", "Folder"}});
+        QTest::newRow("module without title") << QVariant(QVariantList{noTitle}) << "";
+        QTest::newRow("module without features") << QVariant(QVariantList{noFeatures}) << "";
+        QTest::newRow("tab of the wrong type") << QVariant(QVariantList{badTab}) << "";
+        QTest::newRow("category without image") << QVariant(oneModule({catNoImage})) << "";
+        QTest::newRow("url dictionary without checked") << QVariant(oneModule({urlNoChecked})) << "";
+        QTest::newRow("root not an array") << QVariant(QVariantMap{{"a", 1}}) << "";
+        QTest::newRow("damaged file") << QVariant() << "damaged";
+        QTest::newRow("missing file") << QVariant() << "missing";
+        QTest::newRow("no File Name") << QVariant() << "noname";
+    }
+    void configurationFaultsStopTheProgram()
+    {
+        QFETCH(QVariant, rows);
+        QFETCH(QString, fault);
+        TestEnvironment env;
+        const QString modules = env.resources() + "/BrenlowModules.plist";
+        if (fault == "damaged") {
+            QFile f(modules);
+            f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+            f.write("<?xml version=\"1.0\"?><plist><array><dict><key>ti");
+        } else if (fault == "missing") {
+            QFile::remove(modules);
+        } else if (fault == "noname") {
+            QFile::remove(env.resources() + "/Info.plist");
+        } else {
+            env.writeModules(rows);
+        }
+        TestEnvironment::resetCaches();
+        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::appModules(); }));
+    }
+
+    void indexFaultsStopTheProgram()
+    {
+        TestEnvironment env;
+        env.writeModules(oneModule({TestEnvironment::categoryRow("C")}));
+        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 5, {}, {}); }));
+        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 0, 3, {}); }));
+        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 9, 0, {}, {}); }));
+        QVERIFY(!TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 0, {}, {}); }));
+    }
+
+    void parentState_data()
+    {
+        QTest::addColumn<QList<int>>("states");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("empty") << QList<int>{} << 0;
+        QTest::newRow("one and zero") << QList<int>{1, 0} << -1;
+        QTest::newRow("all ones") << QList<int>{1, 1} << 1;
+        QTest::newRow("all zeros") << QList<int>{0, 0} << 0;
+        QTest::newRow("partly first") << QList<int>{-1, 1, 1} << -1;
+        QTest::newRow("partly last") << QList<int>{1, 1, -1} << -1;
+        QTest::newRow("partly among zeros") << QList<int>{0, -1, 0} << -1;
+        QTest::newRow("ones then partly cancelling") << QList<int>{1, -1} << -1;
+    }
+    void parentState()
+    {
+        QFETCH(QList<int>, states);
+        QFETCH(int, expected);
+        QCOMPARE(AppModuleService::calculateParentState(nodes(states)), expected);
+    }
+
+    void updateStateWalksTwoLevels()
+    {
+        TestEnvironment env;
+        env.writeModules(oneModule({TestEnvironment::categoryRow("C")}));
+        Category &c = (*AppModuleService::appModules()[0].categories)[0];
+        const FolderInfoPtr grandchild = node(0);
+        const FolderInfoPtr deepChild = node(0, 1, QString(), {grandchild});
+        c.files = {node(0, 1, QString(), {node(0), node(0)}), node(0), node(0, 1, QString(), {deepChild})};
+
+        // No file index: only the category's own state.
+        AppModuleService::updateState(1, 0, 0, {}, {});
+        QCOMPARE(c.state, 1);
+        QCOMPARE(c.files[0]->checked, 0);
+
+        // One child of file 0: the file becomes partly selected, so does the category.
+        AppModuleService::updateState(1, 0, 0, 0, 1);
+        QCOMPARE(c.files[0]->children[1]->checked, 1);
+        QCOMPARE(c.files[0]->checked, -1);
+        QCOMPARE(c.state, -1);
+
+        // All children of file 0.
+        AppModuleService::updateState(1, 0, 0, 0, -1);
+        QCOMPARE(c.files[0]->checked, 1);
+        QCOMPARE(c.state, -1);
+
+        // A file without children index: the file alone.
+        AppModuleService::updateState(1, 0, 0, 1, {});
+        QCOMPARE(c.files[1]->checked, 1);
+
+        // Every file and child; a deeper node is not rolled up.
+        AppModuleService::updateState(1, 0, 0, -1, -1);
+        QCOMPARE(c.state, 1);
+        QCOMPARE(deepChild->checked, 1);
+        QCOMPARE(grandchild->checked, 0);
+
+        // Every file, children left as they are.
+        AppModuleService::updateState(0, 0, 0, -1, {});
+        QCOMPARE(c.state, 0);
+        QCOMPARE(c.files[0]->checked, 0);
+        QCOMPARE(c.files[0]->children[0]->checked, 1);
+    }
+
+    void largeAndOldUpdateStateFindsByIdentity()
+    {
+        TestEnvironment env;
+        QVariantMap shown = TestEnvironment::categoryRow("Shown");
+        shown.insert("finder", 1);
+        env.writeModules(oneModule({shown, TestEnvironment::categoryRow("Bin"), TestEnvironment::categoryRow("Other")}));
+        QList<Category> &cats = *AppModuleService::appModules()[0].categories;
+        const FolderInfoPtr a = node(0), b = node(0);
+        a->findex = 7;
+        b->findex = 3;
+        cats[1].files = {a, b};
+        cats[2].files = {a};
+
+        AppModuleService::largeAndOldFileUpdateState(1, 0, 1, 3, {});
+        QCOMPARE(b->checked, 1);
+        QCOMPARE(a->checked, 0);
+        QCOMPARE(cats[1].state, -1); // the category named by the first one's finder
+
+        // An identity that is nowhere falls back to the first position.
+        AppModuleService::largeAndOldFileUpdateState(1, 0, 2, 99, {});
+        QCOMPARE(a->checked, 1);
+        QCOMPARE(cats[1].state, 1);
+        QCOMPARE(cats[2].state, 0); // not recomputed: the first category's finder names 1
+    }
+
+    void moduleSizeAndNumber()
+    {
+        TestEnvironment env;
+        QVariantList rows;
+        for (int i = 0; i < 11; ++i)
+            rows << TestEnvironment::moduleRow(QStringLiteral("M%1").arg(i),
+                                               {TestEnvironment::categoryRow("A", {}, {}, 1),
+                                                TestEnvironment::categoryRow("B", {}, {}, 1),
+                                                TestEnvironment::categoryRow("Off", {}, {}, 0)});
+        env.writeModules(rows);
+
+        const FolderInfoPtr shared = node(1, 100, "/shared");
+        const FolderInfoPtr parent = node(-1, 50, "/parent", {node(1, 10), node(0, 20)});
+        const FolderInfoPtr ignored = node(1, 1000);
+        for (int m : {1, 7}) {
+            QList<Category> &cats = *AppModuleService::appModules()[m].categories;
+            cats[0].files = {shared, parent};
+            cats[1].files = {shared, parent};
+            cats[2].files = {ignored};
+        }
+        // Any module: every checked file and every checked child of a partly selected one.
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(1), std::make_pair(220.0, 4));
+        // Module 7: one file in two categories counts once; a partly selected
+        // parent counts whole on top of its checked children.
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(7), std::make_pair(170.0, 4));
+
+        QList<Category> &eraser = *AppModuleService::appModules()[10].categories;
+        eraser[0].size = 5;
+        eraser[1].size = 6;
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(10), std::make_pair(11.0, 3));
+    }
+
+    void moduleWithoutCategoriesStops()
+    {
+        TestEnvironment env;
+        QVariantMap header = TestEnvironment::moduleRow("Tools", {}, "Header");
+        header.remove("categories");
+        env.writeModules(QVariantList{header});
+        QVERIFY(!AppModuleService::appModules()[0].categories);
+        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::calculateModuleSizeAndNumber(0); }));
+    }
+
+    void categoryTotals()
+    {
+        TestEnvironment env;
+        QList<Module> &modules = AppModuleService::appModules();
+        for (int m = 0; m < 13; ++m) {
+            for (Category &c : *modules[m].categories)
+                c.size = (m + 1) * 10;
+        }
+        auto sum = [&](int m) {
+            qint64 s = 0;
+            for (const Category &c : *modules[m].categories)
+                s += c.size;
+            return s;
+        };
+        // Module 0 adds up the five modules Auto Cleanup runs.
+        const qint64 children = sum(1) + sum(2) + sum(3) + sum(4) + sum(5);
+        QCOMPARE(CategoryTotals::classTotalSize(0), children);
+        QCOMPARE(CategoryTotals::instanceTotalSize(0), children);
+        QCOMPARE(CategoryTotals::classTotalSize(3), sum(3));
+        modules[6].categories = QList<Category>{Category{"D", "i", 70, "d", {}, {}, "Folder", {}, 0, {}, {}}};
+        QCOMPARE(CategoryTotals::instanceTotalSize(6), 70);
+        QCOMPARE(CategoryTotals::classTotalSize(6), 140);
+    }
+
+    void titleSearchesAnswerZeroWhenMissing()
+    {
+        TestEnvironment env;
+        env.writeModules(oneModule({}));
+        QCOMPARE(AppModuleService::rowOfTitle("Tools"), 0);
+        QCOMPARE(AppModuleService::indexOfTitle("Cleanup"), 0);
+        QCOMPARE(AppModuleService::leftListRows(), QList<int>{0});
+    }
+};
+
+QTEST_GUILESS_MAIN(ModuleTable)
+#include "test_module_table.moc"
