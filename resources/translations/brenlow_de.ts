@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
-<context>
-    <name>English</name>
-</context>
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>Scannen</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>Erneut scannen</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>In einer späteren Version verfügbar</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>Gefunden: </translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>Hallo! Schön, Sie kennenzulernen - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>Hallo! Schön, Sie kennenzulernen</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>Danke für die Installation!</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>E-Mail-Adresse eingeben</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>Abonnieren</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>Unsere Website besuchen</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>Brenlow starten</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>FEHLER</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>Die E-Mail-Adresse darf nicht leer sein!</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>Das Eingabeformat ist nicht korrekt!</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>Erfolgreich</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>Danke für Ihr Abonnement!</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>Wird gescannt</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>Nichts zu bereinigen</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>Scan abgeschlossen</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>Hier ist Ihr Laufwerk aufgeräumt.</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Brenlow-Hilfe</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>Support</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>Feedback senden</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Brenlow-Website</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>Weitere Produkte</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Brenlow auf Facebook</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>Version </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>Über Brenlow</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>Nutzungsereignisse lokal protokollieren</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>Brenlow beenden</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>Sprache</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>Hilfe</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>Neuigkeiten abonnieren …</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>Bestätigen</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Abbrechen</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>Zeitüberschreitung</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>Löschen fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>Unbekannte Ursache</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>Sicheres Löschen fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>Verschieben fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>Angehalten</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>Keine Administratorrechte erhalten</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>Unbekannt</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>Fehler beim Verweis auf ein nicht vorhandenes Paket</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>Fehler beim Lesen des Codes eines nicht signierten Pakets</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>Unbekannter Fehler beim Erstellen der Code-Informationen</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>Unbekannter Fehler beim Lesen der Signatur eines Pakets</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>Installation des Hilfsprogramms fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>Das System hat die angeforderte Berechtigung verweigert</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>Die Berechtigungsabfrage wurde abgebrochen</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>Berechtigung kann nicht abgefragt werden (Interaktion nicht erlaubt)</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>Unbekannter Fehler bei der Berechtigungsabfrage</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>Unbekannter Fehler!</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>Mailanhänge werden gescannt aus</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>Automatische Bereinigung</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>Den gesamten Datenmüll mit einem Klick scannen und bereinigen</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Findet Caches, Protokolle, Mailanhänge und Papierkorb auf einmal</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>Bereinigt nur, was ausgewählt bleibt</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>Systemmüll</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>Caches, Protokolle und Reste des Systems und Ihrer Programme</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>Foto-Cache</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>Miniaturen und Vorschauen, die Ihre Foto-Programme neu erstellen können</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>Mail-Müll</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Anhänge, die Ihr Mailprogramm bereits geladen hat</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>Papierkorb</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>Objekte im Papierkorb dieses Computers und der Wechsellaufwerke</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>iTunes-Müll</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>Alte Gerätebackups und Softwareupdates</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>Caches, Protokolle und Dateien entfernen, die Ihre Programme nicht mehr brauchen</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>Caches und Protokolle des Systems und Ihrer Programme</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>Übersetzungen, die Sie nie benutzen</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>Benutzer-Cache</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>Dateien, die Ihre Programme zum schnelleren Arbeiten behalten; bei Bedarf werden sie neu erstellt</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>System-Cache</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>Heruntergeladene Softwarepakete, die bereits installiert sind</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>Benutzerprotokolle</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>Aktivitätsprotokolle Ihrer Desktop-Sitzung</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>Absturzberichte</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>Berichte und Speicherabbilder unerwartet beendeter Programme</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>Sprachdateien</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>Übersetzungen Ihrer Programme in Sprachen, die Sie nicht benutzen</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>Speicher von Vorschauen freigeben, die Ihre Foto-Programme neu erstellen können</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>Ihre Fotos selbst bleiben unangetastet</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>Miniaturen und Vorschauen, die Ihre Foto-Programme neu erstellen</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Bereits geladene Mailanhänge entfernen</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>Die Nachrichten bleiben in Ihrem Postfach</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Mailanhänge</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>Anhänge, die Ihr Mailprogramm zum Anzeigen geladen hat</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>Den Papierkorb dieses Computers und der Wechsellaufwerke leeren</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>Alle Papierkörbe auf einmal</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>Papierkorb</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>Objekte in Ihrem Papierkorb</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>Papierkorb der Wechseldatenträger</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>Objekte im Papierkorb Ihrer Wechsellaufwerke</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>Alte Gerätebackups und Softwareupdates entfernen</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>Alte Backups Ihrer Geräte</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>Heruntergeladene Updates</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>iOS-Gerätebackups</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>Backups Ihres iPhone, iPad und iPod</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>iOS-Softwareupdates</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>Heruntergeladene Softwareupdates für Ihre Geräte</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>Duplikate</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>Identische Dateien finden und je eine behalten</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>Vergleicht Inhalte, nicht Namen</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>Große und alte Dateien</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>Große Dateien und lange nicht geöffnete Dateien finden</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>Nach Größe und Alter sortiert</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>Ähnliche Bilder</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>Bilder finden, die sich ähneln</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>Behält das beste jeder Gruppe</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>Deinstallation</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>Programme samt ihren Resten entfernen</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>Einstellungen, Caches und Hilfsdateien</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>Schredder</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>Dateien so löschen, dass sie nicht wiederhergestellt werden können</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>Überschreibt vor dem Entfernen</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>Datenschutz</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>Verlauf, Cookies und andere Spuren entfernen</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox und Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>Erweiterungen</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>Erweiterungen und Plug-ins Ihres Systems verwalten</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>Ausschalten, ohne sie zu entfernen</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>Bereinigung</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>Werkzeuge</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>Temporäre Dateien, die das System hinterlassen hat</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>Aktivitätsprotokolle Ihrer Programme</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>Systemprotokolle</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>Aktivitätsprotokolle des Systems</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>Gesichter und Vorschauen, die die Fotomediathek neu erstellt</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>Anhänge, die Mail zum Anzeigen geladen hat</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>iTunes-Cache</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>Dateien, die iTunes zum schnelleren Arbeiten behält</translation>
+        </message>
+    </context>
 </TS>

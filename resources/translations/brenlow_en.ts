@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
-<context>
-    <name>English</name>
-</context>
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>Scan</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>Re-Scan</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Available in a later version</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>Found </translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>Hi! Nice to Meet You - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>Hi! Nice to Meet You</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>Thank you for installing!</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>Enter your email</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>Subscribe</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>Visit Our Website</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>Launch Brenlow</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>ERROR</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>The email address can't be empty!</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>The input format is incorrect!</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>Success</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>Thanks for Subscribing!</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>Scanning</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>Nothing to Clean</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>Scan Done</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>Your disk is tidy here.</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Brenlow Help</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>Support</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>Send Feedback</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Brenlow Website</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>More Products</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Brenlow on Facebook</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>Version </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>About Brenlow</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>Keep a Local Log of Usage Events</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>Quit Brenlow</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>Language</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>Help</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>Subscribe to News…</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>Confirm</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>OverTime</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>delete fail</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>nocause</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>shredfail</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>movefail</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>stop</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>get root fail</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>UnKnown</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>A failure when referencing a bundle that doesn't exist</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>Unknown failure when calling SecStaticCodeCreateWithPath</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>Unknown failure when calling SecCodeCopySigningInformation for a bundle</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>Failure when calling SMJobBless</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>Authorization was denied by the system when asking a user for authorization</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>The user canceled a prompt for authorization</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>Unable to prompt the user (interaction disallowed)</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>Unknown failure when prompting the user for authorization</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>Unkown Error!</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>Scanning Mail Attachments From</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>Auto Cleanup</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>Scan and clean all junk with one click</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Finds caches, logs, mail attachments and trash at once</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>Cleans only what you leave selected</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>System Junk</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>Caches, logs and leftovers of the system and your applications</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>Photo Cache</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>Thumbnails and previews your photo tools can make again</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>Mail Trash</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Attachments your mail client already downloaded</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>Trash Bin</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>Items waiting in the Trash, on this computer and on removable drives</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>iTunes Junk</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>Old device backups and software updates</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>Remove caches, logs and files your applications no longer need</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>Caches and logs of the system and your applications</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>Translations you never use</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>User Cache</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>Files your applications keep to work faster; they make them again when needed</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>System Cache</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>Downloaded software packages that were already installed</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>User Logs</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>Activity records of your desktop session</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>Crash Reports</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>Reports and memory dumps of programs that stopped unexpectedly</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>Language Files</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>Translations of your applications into languages you do not use</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>Free the space of previews your photo tools can make again</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>Your photos themselves are never touched</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>Thumbnails and previews that your photo tools make again</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Remove mail attachments you already downloaded</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>The messages stay in your mailbox</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Mail Attachments</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>Attachments your mail client downloaded to show them</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>Empty the Trash of this computer and of removable drives</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>Every Trash at once</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>Trash</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>Items in your Trash</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>Removable Volumes Trash</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>Items in the Trash of your removable drives</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>Remove old device backups and software updates</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>Old backups of your devices</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>Downloaded updates</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>iOS Device Backups</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>Backups of your iPhone, iPad and iPod</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>iOS Software Updates</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>Downloaded software updates for your devices</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>Duplicates</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>Find identical files and keep one of each</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>Compares content, not names</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>Large and Old Files</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>Find big files and files you have not opened for a long time</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>Sorted by size and by age</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>Similar Images</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>Find pictures that look alike</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>Keeps the best of each group</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>Uninstaller</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>Remove applications together with their leftovers</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>Settings, caches and support files</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>Eraser</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>Erase files so that they cannot be recovered</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>Overwrites before removing</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>Privacy</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>Remove browsing history, cookies and other traces</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox and Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>Extensions</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>Manage the extensions and plug-ins of your system</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>Turn them off without removing them</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>Cleanup</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>Tools</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>Temporary files the system left behind</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>Activity records of your applications</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>System Logs</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>Activity records of the system</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>Faces and previews that the photo library makes again</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>Attachments Mail downloaded to show them</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>iTunes Cache</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>Files iTunes keeps to work faster</translation>
+        </message>
+    </context>
 </TS>

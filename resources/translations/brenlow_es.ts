@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
-<context>
-    <name>English</name>
-</context>
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>Analizar</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>Volver a analizar</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Disponible en una versión posterior</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>Encontrado: </translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>¡Hola! Encantados de conocerte - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>¡Hola! Encantados de conocerte</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>¡Gracias por instalarlo!</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>Introduce tu correo electrónico</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>Suscribirse</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>Visitar nuestro sitio web</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>Abrir Brenlow</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>ERROR</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>¡La dirección de correo no puede estar vacía!</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>¡El formato introducido no es correcto!</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>Hecho</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>¡Gracias por suscribirte!</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>Analizando</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>Nada que limpiar</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>Análisis terminado</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>Tu disco está limpio aquí.</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Ayuda de Brenlow</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>Soporte</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>Enviar comentarios</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Sitio web de Brenlow</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>Más productos</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Brenlow en Facebook</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>Versión </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>Acerca de Brenlow</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>Guardar un registro local de uso</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>Salir de Brenlow</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>Idioma</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>Ayuda</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>Suscribirse a las novedades…</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>Aceptar</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>Confirmar</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancelar</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>Tiempo agotado</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>No se pudo eliminar</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>Causa desconocida</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>No se pudo destruir</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>No se pudo mover</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>Detenido</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>No se obtuvieron permisos de administrador</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>Desconocido</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>Error al hacer referencia a un paquete que no existe</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>Error al obtener el código de un paquete sin firmar</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>Error desconocido al crear la información del código</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>Error desconocido al leer la firma de un paquete</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>Error al instalar el asistente</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>El sistema denegó la autorización solicitada</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>Se canceló la solicitud de autorización</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>No se puede pedir autorización (interacción no permitida)</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>Error desconocido al pedir autorización</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>¡Error desconocido!</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>Analizando adjuntos de correo de</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>Limpieza automática</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>Analiza y limpia toda la basura con un clic</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Encuentra cachés, registros, adjuntos y papelera a la vez</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>Solo limpia lo que dejes seleccionado</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>Basura del sistema</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>Cachés, registros y restos del sistema y tus aplicaciones</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>Caché de fotos</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>Miniaturas y vistas previas que tus herramientas de fotos pueden volver a crear</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>Basura del correo</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Adjuntos que tu cliente de correo ya descargó</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>Papelera</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>Elementos en la papelera de este ordenador y de las unidades extraíbles</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>Basura de iTunes</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>Copias de seguridad antiguas y actualizaciones de software</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>Elimina cachés, registros y archivos que tus aplicaciones ya no necesitan</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>Cachés y registros del sistema y tus aplicaciones</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>Traducciones que nunca usas</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>Caché del usuario</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>Archivos que tus aplicaciones guardan para ir más rápido; los vuelven a crear cuando hace falta</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>Caché del sistema</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>Paquetes de software descargados que ya se instalaron</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>Registros del usuario</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>Registros de actividad de tu sesión de escritorio</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>Informes de fallos</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>Informes y volcados de memoria de programas que se cerraron inesperadamente</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>Archivos de idioma</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>Traducciones de tus aplicaciones a idiomas que no usas</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>Libera el espacio de vistas previas que tus herramientas de fotos pueden volver a crear</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>Tus fotos nunca se tocan</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>Miniaturas y vistas previas que tus herramientas de fotos vuelven a crear</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Elimina los adjuntos de correo ya descargados</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>Los mensajes se quedan en tu buzón</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Adjuntos de correo</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>Adjuntos que tu cliente de correo descargó para mostrarlos</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>Vacía la papelera de este ordenador y de las unidades extraíbles</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>Todas las papeleras a la vez</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>Papelera</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>Elementos de tu papelera</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>Papelera de unidades extraíbles</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>Elementos en la papelera de tus unidades extraíbles</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>Elimina copias de seguridad antiguas y actualizaciones de software</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>Copias antiguas de tus dispositivos</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>Actualizaciones descargadas</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>Copias de seguridad de dispositivos iOS</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>Copias de seguridad de tu iPhone, iPad y iPod</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>Actualizaciones de software de iOS</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>Actualizaciones de software descargadas para tus dispositivos</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>Duplicados</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>Encuentra archivos idénticos y conserva uno de cada</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>Compara el contenido, no los nombres</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>Archivos grandes y antiguos</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>Encuentra archivos grandes y archivos que no abres desde hace mucho</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>Ordenados por tamaño y antigüedad</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>Imágenes similares</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>Encuentra imágenes que se parecen</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>Conserva la mejor de cada grupo</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>Desinstalador</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>Elimina aplicaciones junto con sus restos</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>Ajustes, cachés y archivos de soporte</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>Borrador</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>Borra archivos para que no se puedan recuperar</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>Sobrescribe antes de eliminar</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>Privacidad</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>Elimina el historial, las cookies y otros rastros</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox y Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>Extensiones</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>Gestiona las extensiones y complementos de tu sistema</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>Desactívalas sin eliminarlas</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>Limpieza</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>Herramientas</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>Archivos temporales que dejó el sistema</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>Registros de actividad de tus aplicaciones</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>Registros del sistema</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>Registros de actividad del sistema</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>Caras y vistas previas que la fototeca vuelve a crear</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>Adjuntos que Mail descargó para mostrarlos</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>Caché de iTunes</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>Archivos que iTunes guarda para ir más rápido</translation>
+        </message>
+    </context>
 </TS>

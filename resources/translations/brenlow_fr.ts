@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
-<context>
-    <name>English</name>
-</context>
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>Analyser</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>Analyser à nouveau</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Disponible dans une version ultérieure</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>Trouvé : </translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>Bonjour ! Ravis de vous rencontrer - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>Bonjour ! Ravis de vous rencontrer</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>Merci de l’avoir installé !</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>Saisissez votre adresse e-mail</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>S’abonner</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>Visiter notre site web</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>Lancer Brenlow</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>ERREUR</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>L’adresse e-mail ne peut pas être vide !</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>Le format saisi est incorrect !</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>Réussi</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>Merci de votre abonnement !</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>Analyse en cours</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>Rien à nettoyer</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>Analyse terminée</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>Votre disque est propre ici.</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Aide de Brenlow</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>Assistance</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>Envoyer un avis</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Site web de Brenlow</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>Autres produits</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Brenlow sur Facebook</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>Version </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>À propos de Brenlow</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>Tenir un journal local d’utilisation</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>Quitter Brenlow</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>Langue</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>Aide</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>S’abonner aux nouveautés…</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>Confirmer</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Annuler</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>Délai dépassé</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>Suppression impossible</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>Cause inconnue</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>Effacement sécurisé impossible</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>Déplacement impossible</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>Arrêté</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>Droits d’administrateur non obtenus</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>Inconnu</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>Échec lors de la référence à un paquet inexistant</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>Échec lors de la lecture du code d’un paquet non signé</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>Échec inconnu lors de la création des informations de code</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>Échec inconnu lors de la lecture de la signature d’un paquet</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>Échec de l’installation de l’assistant</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>Le système a refusé l’autorisation demandée</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>La demande d’autorisation a été annulée</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>Impossible de demander l’autorisation (interaction interdite)</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>Échec inconnu lors de la demande d’autorisation</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>Erreur inconnue !</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>Analyse des pièces jointes de</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>Nettoyage automatique</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>Analysez et nettoyez tous les fichiers inutiles en un clic</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Trouve caches, journaux, pièces jointes et corbeille en une fois</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>Ne nettoie que ce que vous laissez sélectionné</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>Fichiers inutiles du système</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>Caches, journaux et restes du système et de vos applications</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>Cache des photos</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>Vignettes et aperçus que vos outils photo peuvent recréer</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>Fichiers inutiles de Mail</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Pièces jointes déjà téléchargées par votre messagerie</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>Corbeille</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>Éléments de la corbeille de cet ordinateur et des disques amovibles</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>Fichiers inutiles d’iTunes</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>Anciennes sauvegardes d’appareils et mises à jour logicielles</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>Supprimez caches, journaux et fichiers dont vos applications n’ont plus besoin</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>Caches et journaux du système et de vos applications</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>Traductions que vous n’utilisez jamais</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>Cache de l’utilisateur</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>Fichiers que vos applications gardent pour aller plus vite ; elles les recréent au besoin</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>Cache du système</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>Paquets logiciels téléchargés déjà installés</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>Journaux de l’utilisateur</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>Journaux d’activité de votre session de bureau</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>Rapports de plantage</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>Rapports et vidages mémoire de programmes arrêtés de façon inattendue</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>Fichiers de langue</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>Traductions de vos applications dans des langues que vous n’utilisez pas</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>Libérez l’espace des aperçus que vos outils photo peuvent recréer</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>Vos photos elles-mêmes ne sont jamais touchées</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>Vignettes et aperçus que vos outils photo recréent</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Supprimez les pièces jointes déjà téléchargées</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>Les messages restent dans votre boîte aux lettres</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Pièces jointes</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>Pièces jointes téléchargées par votre messagerie pour les afficher</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>Videz la corbeille de cet ordinateur et des disques amovibles</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>Toutes les corbeilles à la fois</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>Corbeille</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>Éléments de votre corbeille</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>Corbeille des volumes amovibles</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>Éléments de la corbeille de vos disques amovibles</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>Supprimez les anciennes sauvegardes et mises à jour logicielles</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>Anciennes sauvegardes de vos appareils</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>Mises à jour téléchargées</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>Sauvegardes d’appareils iOS</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>Sauvegardes de votre iPhone, iPad et iPod</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>Mises à jour logicielles iOS</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>Mises à jour logicielles téléchargées pour vos appareils</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>Doublons</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>Trouvez les fichiers identiques et gardez-en un de chaque</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>Compare le contenu, pas les noms</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>Fichiers volumineux et anciens</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>Trouvez les gros fichiers et ceux que vous n’avez pas ouverts depuis longtemps</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>Classés par taille et par ancienneté</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>Images similaires</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>Trouvez les images qui se ressemblent</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>Garde la meilleure de chaque groupe</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>Désinstalleur</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>Supprimez les applications avec leurs restes</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>Réglages, caches et fichiers de support</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>Broyeur</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>Effacez des fichiers pour qu’ils ne puissent pas être récupérés</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>Écrase avant de supprimer</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>Confidentialité</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>Supprimez l’historique, les cookies et autres traces</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox et Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>Extensions</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>Gérez les extensions et modules de votre système</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>Désactivez-les sans les supprimer</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>Nettoyage</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>Outils</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>Fichiers temporaires laissés par le système</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>Journaux d’activité de vos applications</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>Journaux du système</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>Journaux d’activité du système</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>Visages et aperçus que la photothèque recrée</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>Pièces jointes téléchargées par Mail pour les afficher</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>Cache d’iTunes</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>Fichiers qu’iTunes garde pour aller plus vite</translation>
+        </message>
+    </context>
 </TS>

@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="ja">
-<context>
-    <name>English</name>
-</context>
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>スキャン</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>再スキャン</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>今後のバージョンで利用可能</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>検出: </translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>ようこそ - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>ようこそ</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>インストールありがとうございます！</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>メールアドレスを入力</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>購読する</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>Webサイトを見る</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>Brenlow を起動</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>エラー</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>メールアドレスを入力してください！</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>入力の形式が正しくありません！</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>完了</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>ご購読ありがとうございます！</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>スキャン中</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>クリーンアップするものはありません</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>スキャン完了</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>この項目はすっきりしています。</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Brenlow ヘルプ</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>サポート</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>フィードバックを送信</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Brenlow Webサイト</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>その他の製品</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Facebook の Brenlow</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>バージョン </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>Brenlow について</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>使用状況をローカルに記録</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>Brenlow を終了</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>言語</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>ヘルプ</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>ニュースを購読…</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>確認</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>キャンセル</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>タイムアウト</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>削除できませんでした</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>原因不明</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>完全消去できませんでした</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>移動できませんでした</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>停止しました</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>管理者権限を取得できませんでした</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>不明</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>存在しないバンドルを参照しようとして失敗しました</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>署名されていないバンドルのコード情報を取得できませんでした</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>コード情報の作成中に不明なエラーが発生しました</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>バンドルの署名情報の取得中に不明なエラーが発生しました</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>ヘルパーのインストールに失敗しました</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>システムが認証を拒否しました</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>認証がキャンセルされました</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>認証を求めることができません（操作が許可されていません）</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>認証の要求中に不明なエラーが発生しました</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>不明なエラーです！</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>メールの添付ファイルをスキャン中:</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>自動クリーンアップ</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>ワンクリックですべての不要ファイルをスキャンしてクリーンアップ</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>キャッシュ、ログ、メールの添付ファイル、ゴミ箱を一度に検出</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>選択したものだけをクリーンアップ</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>システムジャンク</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>システムとアプリケーションのキャッシュ、ログ、残りファイル</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>写真キャッシュ</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>写真ツールが再作成できるサムネールとプレビュー</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>メールのゴミ</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>メールクライアントがダウンロード済みの添付ファイル</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>ゴミ箱</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>このコンピュータとリムーバブルドライブのゴミ箱にある項目</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>iTunes のゴミ</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>古いデバイスのバックアップとソフトウェアアップデート</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>アプリケーションが不要になったキャッシュ、ログ、ファイルを削除</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>システムとアプリケーションのキャッシュとログ</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>使用しない翻訳</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>ユーザキャッシュ</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>アプリケーションが高速化のために保存するファイル。必要に応じて再作成されます</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>システムキャッシュ</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>インストール済みのソフトウェアパッケージのダウンロードファイル</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>ユーザログ</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>デスクトップセッションの動作記録</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>クラッシュレポート</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>予期せず終了したプログラムのレポートとメモリダンプ</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>言語ファイル</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>使用しない言語へのアプリケーションの翻訳</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>写真ツールが再作成できるプレビューの領域を解放</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>写真そのものには一切触れません</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>写真ツールが再作成するサムネールとプレビュー</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>ダウンロード済みのメール添付ファイルを削除</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>メッセージはメールボックスに残ります</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>メールの添付ファイル</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>表示のためにメールクライアントがダウンロードした添付ファイル</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>このコンピュータとリムーバブルドライブのゴミ箱を空にする</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>すべてのゴミ箱を一度に</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>ゴミ箱</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>ゴミ箱の項目</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>リムーバブルボリュームのゴミ箱</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>リムーバブルドライブのゴミ箱の項目</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>古いデバイスのバックアップとソフトウェアアップデートを削除</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>デバイスの古いバックアップ</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>ダウンロード済みのアップデート</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>iOS デバイスのバックアップ</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>iPhone、iPad、iPod のバックアップ</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>iOS ソフトウェアアップデート</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>デバイス用にダウンロードしたソフトウェアアップデート</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>重複ファイル</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>同一のファイルを見つけて1つだけ残す</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>名前ではなく内容を比較</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>大きなファイルと古いファイル</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>大きなファイルや長い間開いていないファイルを検出</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>サイズ別と期間別に分類</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>類似画像</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>似ている写真を検出</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>各グループで最良のものを残す</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>アンインストーラ</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>アプリケーションを残りファイルとともに削除</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>設定、キャッシュ、サポートファイル</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>シュレッダー</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>ファイルを復元できないように消去</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>削除する前に上書き</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>プライバシー</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>閲覧履歴、Cookie などの痕跡を削除</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome、Firefox、Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>機能拡張</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>システムの機能拡張とプラグインを管理</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>削除せずにオフにする</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>クリーンアップ</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>ツール</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>システムが残した一時ファイル</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>アプリケーションの動作記録</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>システムログ</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>システムの動作記録</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>写真ライブラリが再作成する顔データとプレビュー</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>表示のために Mail がダウンロードした添付ファイル</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>iTunes キャッシュ</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>iTunes が高速化のために保存するファイル</translation>
+        </message>
+    </context>
 </TS>

@@ -1,7 +1,543 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<TS version="2.1" language="zh_Hant">
-<context>
-    <name>English</name>
-</context>
+<TS version="2.1" language="zh_TW">
+    <context>
+        <name>English</name>
+        <message>
+            <source>Scan</source>
+            <translation>掃描</translation>
+        </message>
+        <message>
+            <source>Re-Scan</source>
+            <translation>重新掃描</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>將於日後版本提供</translation>
+        </message>
+        <message>
+            <source>Found </source>
+            <translation>找到：</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You - Brenlow</source>
+            <translation>嗨！很高興認識你 - Brenlow</translation>
+        </message>
+        <message>
+            <source>Hi! Nice to Meet You</source>
+            <translation>嗨！很高興認識你</translation>
+        </message>
+        <message>
+            <source>Thank you for installing!</source>
+            <translation>感謝你的安裝！</translation>
+        </message>
+        <message>
+            <source>Enter your email</source>
+            <translation>輸入你的電子郵件</translation>
+        </message>
+        <message>
+            <source>Subscribe</source>
+            <translation>訂閱</translation>
+        </message>
+        <message>
+            <source>Visit Our Website</source>
+            <translation>造訪我們的網站</translation>
+        </message>
+        <message>
+            <source>Launch Brenlow</source>
+            <translation>啟動 Brenlow</translation>
+        </message>
+        <message>
+            <source>ERROR</source>
+            <translation>錯誤</translation>
+        </message>
+        <message>
+            <source>The email address can't be empty!</source>
+            <translation>電子郵件地址不能空白！</translation>
+        </message>
+        <message>
+            <source>The input format is incorrect!</source>
+            <translation>輸入的格式不正確！</translation>
+        </message>
+        <message>
+            <source>Success</source>
+            <translation>成功</translation>
+        </message>
+        <message>
+            <source>Thanks for Subscribing!</source>
+            <translation>感謝你的訂閱！</translation>
+        </message>
+        <message>
+            <source>Scanning</source>
+            <translation>掃描中</translation>
+        </message>
+        <message>
+            <source>Nothing to Clean</source>
+            <translation>沒有需要清理的項目</translation>
+        </message>
+        <message>
+            <source>Scan Done</source>
+            <translation>掃描完成</translation>
+        </message>
+        <message>
+            <source>Your disk is tidy here.</source>
+            <translation>這裡的磁碟很整潔。</translation>
+        </message>
+        <message>
+            <source>Brenlow</source>
+            <translation>Brenlow</translation>
+        </message>
+        <message>
+            <source>Brenlow Help</source>
+            <translation>Brenlow 說明</translation>
+        </message>
+        <message>
+            <source>Support</source>
+            <translation>支援</translation>
+        </message>
+        <message>
+            <source>Send Feedback</source>
+            <translation>傳送意見回饋</translation>
+        </message>
+        <message>
+            <source>Brenlow Website</source>
+            <translation>Brenlow 網站</translation>
+        </message>
+        <message>
+            <source>More Products</source>
+            <translation>更多產品</translation>
+        </message>
+        <message>
+            <source>Brenlow on Facebook</source>
+            <translation>Brenlow 的 Facebook</translation>
+        </message>
+        <message>
+            <source>Version </source>
+            <translation>版本 </translation>
+        </message>
+        <message>
+            <source>About Brenlow</source>
+            <translation>關於 Brenlow</translation>
+        </message>
+        <message>
+            <source>Keep a Local Log of Usage Events</source>
+            <translation>在本機記錄使用事件</translation>
+        </message>
+        <message>
+            <source>Quit Brenlow</source>
+            <translation>結束 Brenlow</translation>
+        </message>
+        <message>
+            <source>Language</source>
+            <translation>語言</translation>
+        </message>
+        <message>
+            <source>Help</source>
+            <translation>說明</translation>
+        </message>
+        <message>
+            <source>Subscribe to News…</source>
+            <translation>訂閱最新消息…</translation>
+        </message>
+        <message>
+            <source>OK</source>
+            <translation>好</translation>
+        </message>
+        <message>
+            <source>Confirm</source>
+            <translation>確認</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>取消</translation>
+        </message>
+        <message>
+            <source>OverTime</source>
+            <translation>逾時</translation>
+        </message>
+        <message>
+            <source>delete fail</source>
+            <translation>無法刪除</translation>
+        </message>
+        <message>
+            <source>nocause</source>
+            <translation>原因不明</translation>
+        </message>
+        <message>
+            <source>shredfail</source>
+            <translation>無法徹底清除</translation>
+        </message>
+        <message>
+            <source>movefail</source>
+            <translation>無法移動</translation>
+        </message>
+        <message>
+            <source>stop</source>
+            <translation>已停止</translation>
+        </message>
+        <message>
+            <source>get root fail</source>
+            <translation>無法取得管理者權限</translation>
+        </message>
+        <message>
+            <source>UnKnown</source>
+            <translation>未知</translation>
+        </message>
+        <message>
+            <source>A failure when referencing a bundle that doesn't exist</source>
+            <translation>參照不存在的套件時失敗</translation>
+        </message>
+        <message>
+            <source>A failure when trying to get the SecStaticCode for a bundle, but it is unsigned</source>
+            <translation>無法取得未簽署套件的程式碼資訊</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecStaticCodeCreateWithPath</source>
+            <translation>建立程式碼資訊時發生未知錯誤</translation>
+        </message>
+        <message>
+            <source>Unknown failure when calling SecCodeCopySigningInformation for a bundle</source>
+            <translation>讀取套件簽署資訊時發生未知錯誤</translation>
+        </message>
+        <message>
+            <source>Failure when calling SMJobBless</source>
+            <translation>安裝輔助程式失敗</translation>
+        </message>
+        <message>
+            <source>Authorization was denied by the system when asking a user for authorization</source>
+            <translation>系統拒絕了授權要求</translation>
+        </message>
+        <message>
+            <source>The user canceled a prompt for authorization</source>
+            <translation>已取消授權要求</translation>
+        </message>
+        <message>
+            <source>Unable to prompt the user (interaction disallowed)</source>
+            <translation>無法要求授權（不允許互動）</translation>
+        </message>
+        <message>
+            <source>Unknown failure when prompting the user for authorization</source>
+            <translation>要求授權時發生未知錯誤</translation>
+        </message>
+        <message>
+            <source>Unkown Error!</source>
+            <translation>未知錯誤！</translation>
+        </message>
+        <message>
+            <source>Scanning Mail Attachments From</source>
+            <translation>正在掃描郵件附件：</translation>
+        </message>
+        <message>
+            <source>Auto Cleanup</source>
+            <translation>自動清理</translation>
+        </message>
+        <message>
+            <source>Scan and clean all junk with one click</source>
+            <translation>一鍵掃描並清理所有垃圾檔案</translation>
+        </message>
+        <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>一次找出快取、記錄、郵件附件與垃圾桶</translation>
+        </message>
+        <message>
+            <source>Cleans only what you leave selected</source>
+            <translation>只清理你保留勾選的項目</translation>
+        </message>
+        <message>
+            <source>System Junk</source>
+            <translation>系統垃圾</translation>
+        </message>
+        <message>
+            <source>Caches, logs and leftovers of the system and your applications</source>
+            <translation>系統與應用程式的快取、記錄及殘留檔案</translation>
+        </message>
+        <message>
+            <source>Photo Cache</source>
+            <translation>照片快取</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews your photo tools can make again</source>
+            <translation>照片工具可重新產生的縮圖與預覽</translation>
+        </message>
+        <message>
+            <source>Mail Trash</source>
+            <translation>郵件垃圾</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>郵件用戶端已下載的附件</translation>
+        </message>
+        <message>
+            <source>Trash Bin</source>
+            <translation>垃圾桶</translation>
+        </message>
+        <message>
+            <source>Items waiting in the Trash, on this computer and on removable drives</source>
+            <translation>這部電腦與卸除式磁碟垃圾桶中的項目</translation>
+        </message>
+        <message>
+            <source>iTunes Junk</source>
+            <translation>iTunes 垃圾</translation>
+        </message>
+        <message>
+            <source>Old device backups and software updates</source>
+            <translation>舊的裝置備份與軟體更新</translation>
+        </message>
+        <message>
+            <source>Remove caches, logs and files your applications no longer need</source>
+            <translation>移除應用程式不再需要的快取、記錄與檔案</translation>
+        </message>
+        <message>
+            <source>Caches and logs of the system and your applications</source>
+            <translation>系統與應用程式的快取與記錄</translation>
+        </message>
+        <message>
+            <source>Translations you never use</source>
+            <translation>你從不使用的翻譯</translation>
+        </message>
+        <message>
+            <source>User Cache</source>
+            <translation>使用者快取</translation>
+        </message>
+        <message>
+            <source>Files your applications keep to work faster; they make them again when needed</source>
+            <translation>應用程式為加快速度而保留的檔案；需要時會重新產生</translation>
+        </message>
+        <message>
+            <source>System Cache</source>
+            <translation>系統快取</translation>
+        </message>
+        <message>
+            <source>Downloaded software packages that were already installed</source>
+            <translation>已安裝軟體套件的下載檔案</translation>
+        </message>
+        <message>
+            <source>User Logs</source>
+            <translation>使用者記錄</translation>
+        </message>
+        <message>
+            <source>Activity records of your desktop session</source>
+            <translation>桌面工作階段的活動記錄</translation>
+        </message>
+        <message>
+            <source>Crash Reports</source>
+            <translation>當機報告</translation>
+        </message>
+        <message>
+            <source>Reports and memory dumps of programs that stopped unexpectedly</source>
+            <translation>意外停止之程式的報告與記憶體傾印</translation>
+        </message>
+        <message>
+            <source>Language Files</source>
+            <translation>語言檔案</translation>
+        </message>
+        <message>
+            <source>Translations of your applications into languages you do not use</source>
+            <translation>應用程式中你不使用之語言的翻譯</translation>
+        </message>
+        <message>
+            <source>Free the space of previews your photo tools can make again</source>
+            <translation>釋放照片工具可重新產生之預覽所佔的空間</translation>
+        </message>
+        <message>
+            <source>Your photos themselves are never touched</source>
+            <translation>絕不會動到你的照片本身</translation>
+        </message>
+        <message>
+            <source>Thumbnails and previews that your photo tools make again</source>
+            <translation>照片工具會重新產生的縮圖與預覽</translation>
+        </message>
+        <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>移除已下載的郵件附件</translation>
+        </message>
+        <message>
+            <source>The messages stay in your mailbox</source>
+            <translation>郵件仍會保留在信箱中</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>郵件附件</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client downloaded to show them</source>
+            <translation>郵件用戶端為顯示而下載的附件</translation>
+        </message>
+        <message>
+            <source>Empty the Trash of this computer and of removable drives</source>
+            <translation>清空這部電腦與卸除式磁碟的垃圾桶</translation>
+        </message>
+        <message>
+            <source>Every Trash at once</source>
+            <translation>一次清空所有垃圾桶</translation>
+        </message>
+        <message>
+            <source>Trash</source>
+            <translation>垃圾桶</translation>
+        </message>
+        <message>
+            <source>Items in your Trash</source>
+            <translation>垃圾桶中的項目</translation>
+        </message>
+        <message>
+            <source>Removable Volumes Trash</source>
+            <translation>卸除式磁碟區的垃圾桶</translation>
+        </message>
+        <message>
+            <source>Items in the Trash of your removable drives</source>
+            <translation>卸除式磁碟垃圾桶中的項目</translation>
+        </message>
+        <message>
+            <source>Remove old device backups and software updates</source>
+            <translation>移除舊的裝置備份與軟體更新</translation>
+        </message>
+        <message>
+            <source>Old backups of your devices</source>
+            <translation>裝置的舊備份</translation>
+        </message>
+        <message>
+            <source>Downloaded updates</source>
+            <translation>已下載的更新</translation>
+        </message>
+        <message>
+            <source>iOS Device Backups</source>
+            <translation>iOS 裝置備份</translation>
+        </message>
+        <message>
+            <source>Backups of your iPhone, iPad and iPod</source>
+            <translation>iPhone、iPad 與 iPod 的備份</translation>
+        </message>
+        <message>
+            <source>iOS Software Updates</source>
+            <translation>iOS 軟體更新</translation>
+        </message>
+        <message>
+            <source>Downloaded software updates for your devices</source>
+            <translation>為裝置下載的軟體更新</translation>
+        </message>
+        <message>
+            <source>Duplicates</source>
+            <translation>重複檔案</translation>
+        </message>
+        <message>
+            <source>Find identical files and keep one of each</source>
+            <translation>找出相同的檔案，每組只保留一個</translation>
+        </message>
+        <message>
+            <source>Compares content, not names</source>
+            <translation>比對內容，而非名稱</translation>
+        </message>
+        <message>
+            <source>Large and Old Files</source>
+            <translation>大型與舊檔案</translation>
+        </message>
+        <message>
+            <source>Find big files and files you have not opened for a long time</source>
+            <translation>找出大型檔案與很久沒開啟的檔案</translation>
+        </message>
+        <message>
+            <source>Sorted by size and by age</source>
+            <translation>依大小與時間排序</translation>
+        </message>
+        <message>
+            <source>Similar Images</source>
+            <translation>相似圖片</translation>
+        </message>
+        <message>
+            <source>Find pictures that look alike</source>
+            <translation>找出看起來相似的圖片</translation>
+        </message>
+        <message>
+            <source>Keeps the best of each group</source>
+            <translation>每組保留最佳的一張</translation>
+        </message>
+        <message>
+            <source>Uninstaller</source>
+            <translation>解除安裝程式</translation>
+        </message>
+        <message>
+            <source>Remove applications together with their leftovers</source>
+            <translation>移除應用程式及其殘留檔案</translation>
+        </message>
+        <message>
+            <source>Settings, caches and support files</source>
+            <translation>設定、快取與支援檔案</translation>
+        </message>
+        <message>
+            <source>Eraser</source>
+            <translation>碎紙機</translation>
+        </message>
+        <message>
+            <source>Erase files so that they cannot be recovered</source>
+            <translation>徹底清除檔案，使其無法復原</translation>
+        </message>
+        <message>
+            <source>Overwrites before removing</source>
+            <translation>移除前先覆寫</translation>
+        </message>
+        <message>
+            <source>Privacy</source>
+            <translation>隱私</translation>
+        </message>
+        <message>
+            <source>Remove browsing history, cookies and other traces</source>
+            <translation>移除瀏覽記錄、Cookie 與其他痕跡</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome、Firefox 與 Safari</translation>
+        </message>
+        <message>
+            <source>Extensions</source>
+            <translation>延伸功能</translation>
+        </message>
+        <message>
+            <source>Manage the extensions and plug-ins of your system</source>
+            <translation>管理系統的延伸功能與外掛程式</translation>
+        </message>
+        <message>
+            <source>Turn them off without removing them</source>
+            <translation>不移除即可停用</translation>
+        </message>
+        <message>
+            <source>Cleanup</source>
+            <translation>清理</translation>
+        </message>
+        <message>
+            <source>Tools</source>
+            <translation>工具</translation>
+        </message>
+        <message>
+            <source>Temporary files the system left behind</source>
+            <translation>系統留下的暫存檔案</translation>
+        </message>
+        <message>
+            <source>Activity records of your applications</source>
+            <translation>應用程式的活動記錄</translation>
+        </message>
+        <message>
+            <source>System Logs</source>
+            <translation>系統記錄</translation>
+        </message>
+        <message>
+            <source>Activity records of the system</source>
+            <translation>系統的活動記錄</translation>
+        </message>
+        <message>
+            <source>Faces and previews that the photo library makes again</source>
+            <translation>照片圖庫會重新產生的人臉與預覽</translation>
+        </message>
+        <message>
+            <source>Attachments Mail downloaded to show them</source>
+            <translation>「郵件」為顯示而下載的附件</translation>
+        </message>
+        <message>
+            <source>iTunes Cache</source>
+            <translation>iTunes 快取</translation>
+        </message>
+        <message>
+            <source>Files iTunes keeps to work faster</source>
+            <translation>iTunes 為加快速度而保留的檔案</translation>
+        </message>
+    </context>
 </TS>
