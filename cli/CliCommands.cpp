@@ -26,7 +26,8 @@ int CliCommands::usage(const QString &reason)
 {
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
-               "       brenlow-cli scan MODULE [--json]\n",
+               "       brenlow-cli scan MODULE [--json]\n"
+               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n",
                stderr);
     return 1;
 }
@@ -81,5 +82,7 @@ int CliCommands::run(const QStringList &arguments)
         return modules(args);
     if (command == QLatin1String("scan"))
         return scan(args);
+    if (command == QLatin1String("clean"))
+        return clean(args);
     return usage(QStringLiteral("unknown command \"%1\"").arg(command));
 }

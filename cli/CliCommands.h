@@ -12,6 +12,7 @@ public:
 
     static int modules(const QStringList &args);
     static int scan(const QStringList &args);
+    static int clean(const QStringList &args);
 
     // The module index named by an index or a title (its translation too); -1 if none.
     static int resolveModule(const QString &name);
@@ -19,6 +20,10 @@ public:
 
     static void printOut(const QString &text);
     static QString sizeText(qint64 bytes);
+    // Runs a module's scan to its end; false when the module has no categories.
+    static bool runScan(int module);
+    // Prints a finished clean's categories and failures; the exit status.
+    static int printCleanResult(int module, int runStatus, bool json);
     // A category's title, size and files, one line each.
     static void printCategory(const Category &category);
 };

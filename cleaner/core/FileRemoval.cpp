@@ -90,7 +90,13 @@ int FileRemoval::removeItem(const QByteArray &path)
     const int parentFd = open(parentOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (parentFd < 0)
         return errno;
-    const QByteArray name = nameOf(path);
+    const int result = removeItemAt(parentFd, nameOf(path));
+    close(parentFd);
+    return result;
+}
+
+int FileRemoval::removeItemAt(int parentFd, const QByteArray &name)
+{
     int result = 0;
     struct stat st;
     if (fstatat(parentFd, name.constData(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
@@ -107,6 +113,5 @@ int FileRemoval::removeItem(const QByteArray &path)
     } else if (unlinkat(parentFd, name.constData(), 0) != 0) {
         result = errno;
     }
-    close(parentFd);
     return result;
 }

@@ -13,6 +13,8 @@ public:
     // Removes the item at an absolute path. Returns 0, or the errno of the
     // first failure (what could be removed is removed).
     static int removeItem(const QByteArray &path);
+    // Removes the entry `name` of the open folder `parentFd` the same way.
+    static int removeItemAt(int parentFd, const QByteArray &name);
     // Whether the folder holding the item lets this process remove it.
     static bool isDeletable(const QByteArray &path);
 

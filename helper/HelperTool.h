@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cleaner/clean/CleanProtocols.h"
+#include "cleaner/clean/MessageChannel.h"
+#include "cleaner/core/Dispatch.h"
+#include "helper/SafeRemoval.h"
+
+#include <QHash>
+#include <QMutex>
+
+// The privileged helper: serves HelperProtocol on its standard input and
+// output. Operations run one after another on a queue of their own, so a
+// stop, read on the main thread, reaches the operation that is running.
+class HelperTool : public HelperProtocol {
+public:
+    HelperTool();
+
+    void connectWithEndpointReply(ValueReply reply) override;
+    void getVersionWithReply(TextReply reply) override;
+    void uninstall() override;
+    void exitWithCode(qint64 code) override;
+    void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex) override;
+
+private:
+    void received(const QCborValue &message);
+    void refuse(const QString &reason, std::optional<qint64> id = {});
+    void carryOut(const QCborMap &folders, qint64 type, int moduleIndex, quint64 sequence);
+    bool stopped(int moduleIndex, quint64 sequence);
+
+    StdioChannel m_channel;
+    SafeRemoval m_removal;
+    SerialQueue m_queue;
+    QMutex m_lock;
+    quint64 m_sequence = 0;
+    // A stop ends every request of the module that came before it.
+    QHash<int, quint64> m_stopBefore;
+};
