@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+class EventMonitor;
+class QAction;
+class QActionGroup;
+class QMenu;
+
+// Starts the program and lives for the whole run: the first-launch action,
+// the interface language, the main window and its menus, and reopening the
+// window after it was closed.
+class AppDelegate : public QObject {
+    Q_OBJECT
+public:
+    static AppDelegate *appDelegate;
+    // Whether launch opens the main window at once.
+    static bool showMainWindow;
+
+    AppDelegate();
+    ~AppDelegate() override;
+
+    void applicationDidFinishLaunching();
+    bool applicationShouldHandleReopen(bool hasVisibleWindows);
+    void checkFirstTimeLaunch();
+    // Sets the language and gives every menu entry its text in it.
+    void changeLanguage();
+    void languageAction(QAction *sender);
+    // Opens the page under a key of the settings list ("support_link", ...).
+    void openSettingLink(const QString &key);
+    void showFirstLoginWindow();
+
+    QMainWindow *mainWindow() const { return m_mainWindow; }
+    QMenu *dockMenu() const { return m_dockMenu.get(); }
+    QList<QMenu *> menus() const;
+    QAction *languageItem(const QString &language) const { return m_languageItems.value(language); }
+    QAction *linkItem(const QString &key) const { return m_linkItems.value(key); }
+    EventMonitor *eventMonitor() const { return m_eventMonitor.get(); }
+    // The status panel, once the status item exists; the monitor closes it.
+    QPointer<QWidget> popover;
+
+    // The setting keys of the link entries, in menu order.
+    static const QStringList linkKeys;
+    // The installation page for the system's first preferred language.
+    static QString installationPage();
+
+private:
+    void buildMenus();
+    QMainWindow *showNewMainWindow();
+    void copySystemFonts();
+
+    QPointer<QMainWindow> m_mainWindow;
+    std::unique_ptr<QMenu> m_dockMenu;
+    std::unique_ptr<QMenu> m_appMenu;
+    std::unique_ptr<QMenu> m_languageMenu;
+    std::unique_ptr<QMenu> m_helpMenu;
+    QActionGroup *m_languageGroup = nullptr;
+    QHash<QString, QAction *> m_languageItems;
+    QHash<QString, QAction *> m_linkItems;
+    QAction *m_aboutItem = nullptr;
+    QAction *m_eventLogItem = nullptr;
+    QAction *m_newsletterItem = nullptr;
+    QAction *m_quitItem = nullptr;
+    std::unique_ptr<EventMonitor> m_eventMonitor;
+};

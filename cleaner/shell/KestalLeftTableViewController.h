@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QListWidget>
+
+// The list of modules on the left of the main window, in left-list order.
+// Heading rows ("Cleanup", "Tools") stand between them and cannot be
+// chosen; choosing a module row puts that module on screen.
+class KestalLeftTableViewController : public QListWidget {
+    Q_OBJECT
+public:
+    // The module index on screen.
+    static qint64 currentRow;
+
+    explicit KestalLeftTableViewController(QWidget *parent = nullptr);
+
+    // The left-list row of a module index, -1 when it is not listed.
+    int rowOfModule(int moduleIndex) const;
+    int moduleOfRow(int row) const;
+    bool isHeaderRow(int row) const;
+    void selectModule(int moduleIndex);
+    // Redraws a module's row (a scan's progress or its result).
+    void refreshRow(int moduleIndex);
+    // Sets every row's text again in the interface language.
+    void reloadTexts();
+
+signals:
+    void moduleSelected(int moduleIndex);
+
+private:
+    void onSelectionChanged();
+    QList<int> m_rows;
+};

@@ -1,0 +1,106 @@
+#include "cleaner/shell/KestalRightTabSwitchControllers.h"
+
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/shell/KestalRightBottomViewController.h"
+#include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+#include "cleaner/shell/KestalRightTopShowMessageViewController.h"
+
+using TopChild = KestalSuperViewController::TopChild;
+
+KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *parent)
+    : QStackedWidget(parent)
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    for (int i = 0; i < modules.size(); ++i) {
+        if (modules[i].isHeader())
+            continue;
+        auto *overView = new KestalRightTopOverViewAndScanViewController(i, this);
+        auto *message = new KestalRightTopShowMessageViewController(i, this);
+        m_overViews.insert(i, overView);
+        m_messages.insert(i, message);
+        // One child of each kind, in the order of the kinds; the review and
+        // the cleaning pages stand empty until they are built.
+        for (int kind = 0; kind < int(TopChild::count); ++kind) {
+            QWidget *child = nullptr;
+            if (kind == int(TopChild::overviewAndScan))
+                child = overView;
+            else if (kind == int(TopChild::showMessage))
+                child = message;
+            else
+                child = new QWidget(this);
+            addWidget(child);
+        }
+    }
+}
+
+KestalRightTopOverViewAndScanViewController *
+KestalRightTopTabSwitchController::overViewAndScan(int moduleIndex) const
+{
+    return m_overViews.value(moduleIndex);
+}
+
+KestalRightTopShowMessageViewController *
+KestalRightTopTabSwitchController::showMessage(int moduleIndex) const
+{
+    return m_messages.value(moduleIndex);
+}
+
+void KestalRightTopTabSwitchController::swap(const QString &tab, viewStatus status)
+{
+    const QString key = tab + KestalSuperViewController::viewStatusDict(status).second;
+    const auto &children = KestalSuperViewController::tabChildrenDict();
+    if (children.contains(key))
+        setCurrentIndex(children.value(key));
+}
+
+void KestalRightTopTabSwitchController::updateTopMessageViewStatus(viewStatus updateStatus,
+                                                                   const QString &updateTab,
+                                                                   int moduleIndex)
+{
+    Q_UNUSED(updateTab);
+    if (KestalSuperViewController::topChildOf(updateStatus) == TopChild::showMessage) {
+        if (auto *message = showMessage(moduleIndex))
+            message->changeViewStatus(updateStatus);
+    }
+}
+
+KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
+    KestalRightSplitController *split, QWidget *parent)
+    : QStackedWidget(parent)
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    for (int i = 0; i < modules.size(); ++i) {
+        if (!modules[i].isHeader())
+            addWidget(new KestalRightBottomViewController(i, split, this));
+    }
+}
+
+KestalRightBottomViewController *KestalRightBottomTabSwitchController::bar(const QString &tab) const
+{
+    const auto &positions = KestalSuperViewController::bottomTabChildrenDict();
+    if (!positions.contains(tab))
+        return nullptr;
+    return qobject_cast<KestalRightBottomViewController *>(widget(positions.value(tab)));
+}
+
+KestalRightBottomViewController *
+KestalRightBottomTabSwitchController::barOfModule(int moduleIndex) const
+{
+    const QList<Module> &modules = AppModuleService::appModules();
+    if (moduleIndex < 0 || moduleIndex >= modules.size())
+        return nullptr;
+    return bar(modules.at(moduleIndex).tab);
+}
+
+void KestalRightBottomTabSwitchController::updateBootomStatus(viewStatus updateStatus,
+                                                              const QString &updateTab)
+{
+    if (auto *target = bar(updateTab))
+        target->changeViewStatus(updateStatus);
+}
+
+void KestalRightBottomTabSwitchController::reScanAction(const QString &tab)
+{
+    if (auto *target = bar(tab))
+        target->rescanAction();
+}

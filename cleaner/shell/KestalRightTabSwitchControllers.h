@@ -1,0 +1,46 @@
+#pragma once
+
+#include "cleaner/shell/KestalSuperViewController.h"
+
+#include <QHash>
+#include <QStackedWidget>
+
+class KestalRightBottomViewController;
+class KestalRightSplitController;
+class KestalRightTopOverViewAndScanViewController;
+class KestalRightTopShowMessageViewController;
+
+using viewStatus = KestalSuperViewController::viewStatus;
+
+// Holds the top children of every module, at the positions of
+// `tabChildrenDict`, and shows one of them.
+class KestalRightTopTabSwitchController : public QStackedWidget {
+    Q_OBJECT
+public:
+    explicit KestalRightTopTabSwitchController(QWidget *parent = nullptr);
+
+    KestalRightTopOverViewAndScanViewController *overViewAndScan(int moduleIndex) const;
+    KestalRightTopShowMessageViewController *showMessage(int moduleIndex) const;
+    // Brings the child that shows `status` of `tab` to the front.
+    void swap(const QString &tab, viewStatus status);
+    void updateTopMessageViewStatus(viewStatus updateStatus, const QString &updateTab,
+                                    int moduleIndex);
+
+private:
+    QHash<int, KestalRightTopOverViewAndScanViewController *> m_overViews;
+    QHash<int, KestalRightTopShowMessageViewController *> m_messages;
+};
+
+// Holds the bottom bar of every module, at the positions of
+// `bottomTabChildrenDict`, and routes state changes to them.
+class KestalRightBottomTabSwitchController : public QStackedWidget {
+    Q_OBJECT
+public:
+    explicit KestalRightBottomTabSwitchController(KestalRightSplitController *split,
+                                                  QWidget *parent = nullptr);
+
+    KestalRightBottomViewController *bar(const QString &tab) const;
+    KestalRightBottomViewController *barOfModule(int moduleIndex) const;
+    void updateBootomStatus(viewStatus updateStatus, const QString &updateTab);
+    void reScanAction(const QString &tab);
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cleaner/shell/KestalSuperViewController.h"
+
+class QLabel;
+
+// The top area of a module after its scan: what was found, or that nothing was.
+class KestalRightTopShowMessageViewController : public KestalSuperViewController {
+    Q_OBJECT
+public:
+    explicit KestalRightTopShowMessageViewController(int moduleIndex, QWidget *parent = nullptr);
+
+    // Shows the state with the size the module's scan found.
+    void changeViewStatus(viewStatus status);
+    QLabel *titleLabel() const { return m_title; }
+    QLabel *messageLabel() const { return m_message; }
+
+protected:
+    void reloadTexts() override { updateView(); }
+
+private:
+    // Sets every widget from the state.
+    void updateView();
+
+    int m_moduleIndex;
+    viewStatus m_status = viewStatus::scandone_Empty;
+    qint64 m_foundSize = 0;
+    QLabel *m_image;
+    QLabel *m_title;
+    QLabel *m_message;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "cleaner/shell/KestalSuperViewController.h"
+
+#include <QMainWindow>
+
+class KestalLeftTableViewController;
+class KestalRightSplitController;
+class QLabel;
+
+// The root of the main window: the module list on the left and the module
+// on screen on the right.
+class KestalRootViewController : public KestalSuperViewController {
+    Q_OBJECT
+public:
+    explicit KestalRootViewController(QWidget *parent = nullptr);
+
+    KestalLeftTableViewController *leftTable() const { return m_left; }
+    KestalRightSplitController *rightSplit() const { return m_right; }
+
+    // The main window ("mainWindow") with a root inside.
+    static QMainWindow *instantiateMainWindow();
+    static KestalRootViewController *rootOf(QMainWindow *window);
+
+protected:
+    void reloadTexts() override;
+
+private:
+    void showModule(int moduleIndex);
+
+    KestalLeftTableViewController *m_left;
+    KestalRightSplitController *m_right;
+    QLabel *m_brand;
+};

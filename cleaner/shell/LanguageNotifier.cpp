@@ -1,0 +1,7 @@
+#include "cleaner/shell/LanguageNotifier.h"
+
+LanguageNotifier *LanguageNotifier::defaultCenter()
+{
+    static LanguageNotifier center;
+    return &center;
+}

@@ -1,0 +1,14 @@
+#include "cleaner/shell/AppDelegate.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Brenlow"));
+    QApplication::setOrganizationName(QStringLiteral("Brenlow"));
+    QApplication::setDesktopFileName(QStringLiteral("brenlow"));
+    AppDelegate delegate;
+    delegate.applicationDidFinishLaunching();
+    return application.exec();
+}
