@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMutex>
-
 #include <optional>
 #include <pwd.h>
 #include <unistd.h>
@@ -34,8 +33,8 @@ QString cleanRoot(QString root)
 
 QString defaultResources(Platform::Profile profile)
 {
-    const QString name = profile == Platform::Profile::MacOS ? QStringLiteral("macos")
-                                                             : QStringLiteral("linux");
+    const QString name =
+        profile == Platform::Profile::MacOS ? QStringLiteral("macos") : QStringLiteral("linux");
     QStringList candidates;
     if (QCoreApplication::instance()) {
         const QString bin = QCoreApplication::applicationDirPath();
@@ -67,8 +66,9 @@ const State &state()
 #endif
         g_state.root = cleanRoot(QString::fromLocal8Bit(qgetenv("BRENLOW_ROOT")));
         const QByteArray resources = qgetenv("BRENLOW_RESOURCES");
-        g_state.resources = resources.isEmpty() ? defaultResources(g_state.profile)
-                                                : QDir::cleanPath(QString::fromLocal8Bit(resources));
+        g_state.resources = resources.isEmpty()
+                                ? defaultResources(g_state.profile)
+                                : QDir::cleanPath(QString::fromLocal8Bit(resources));
         g_state.home = QDir::homePath();
         g_state.loaded = true;
     }
@@ -168,4 +168,117 @@ void Platform::setPreferredLanguagesForTesting(const QStringList &languages)
     state();
     QMutexLocker lock(&g_mutex);
     g_state.languages = languages;
+}
+
+uint Platform::userId()
+{
+    return uint(geteuid());
+}
+
+QString Platform::volumeTrashName()
+{
+    if (isMacOS())
+        return QStringLiteral(".Trashes");
+    return QStringLiteral(".Trash-") + QString::number(userId());
+}
+
+QStringList Platform::cacheFoldersListedElsewhere()
+{
+    if (isMacOS())
+        return {QStringLiteral("com.apple.itunes")};
+    // Photo Cache lists the thumbnails, Mail Trash Evolution's mail cache.
+    return {QStringLiteral("thumbnails"), QStringLiteral("shotwell"), QStringLiteral("darktable"),
+            QStringLiteral("evolution")};
+}
+
+QString Platform::photoPath()
+{
+    if (isMacOS())
+        return homeDirectory() + QStringLiteral("/Pictures");
+    return homeDirectory() + QStringLiteral("/.cache");
+}
+
+QString Platform::photoLibraryPattern()
+{
+    return isMacOS() ? QStringLiteral("photoslibrary") : QString();
+}
+
+QStringList Platform::photoCacheFolders()
+{
+    if (isMacOS())
+        return {};
+    return {QStringLiteral("thumbnails"), QStringLiteral("shotwell/thumbs"),
+            QStringLiteral("darktable")};
+}
+
+QString Platform::languageResourcesPath()
+{
+    if (isMacOS())
+        return applicationsPath();
+    return systemPath(QStringLiteral("/usr/share"));
+}
+
+bool Platform::isLanguageContainer(const QString &name)
+{
+    if (isMacOS())
+        return true;
+    static const QStringList trees = {QStringLiteral("locale"), QStringLiteral("locale-langpack"),
+                                      QStringLiteral("help"), QStringLiteral("man")};
+    return trees.contains(name);
+}
+
+bool Platform::languageFoldersNested()
+{
+    return isMacOS();
+}
+
+QStringList Platform::languageFolderNames(const LanguageTag &tag)
+{
+    const QString &l = tag.language, &s = tag.script, &r = tag.region, &v = tag.variant;
+    if (!isMacOS()) {
+        // gettext names a script as a lower-case modifier ("sr@latin"); a
+        // region alone is already the identifier ("pt_BR").
+        QStringList names{tag.identifier};
+        if (!s.isEmpty()) {
+            const QString modifier =
+                QLocale::scriptToString(QLocale::codeToScript(s)).section(QLatin1Char(' '), 0, 0);
+            if (!modifier.isEmpty() && modifier != QLatin1String("Unknown")) {
+                names << l + QLatin1Char('@') + modifier.toLower();
+                if (!r.isEmpty())
+                    names << l + QLatin1Char('_') + r + QLatin1Char('@') + modifier.toLower();
+            }
+        }
+        return names;
+    }
+    const QString ext = languageFolderSuffix();
+    QStringList names{tag.identifier + ext};
+    const auto pair = [&](const QString &dashed, const QString &underscored) {
+        names << dashed + ext << underscored + ext;
+    };
+    if (!r.isEmpty() && !v.isEmpty())
+        pair(l + '-' + r + '_' + v, l + '_' + r + '_' + v);
+    else if (!r.isEmpty() && s.isEmpty())
+        pair(l + '-' + r, l + '_' + r);
+    if (!r.isEmpty() && !s.isEmpty())
+        pair(l + '-' + s + '-' + r, l + '_' + s + '_' + r);
+    else if (!s.isEmpty())
+        pair(l + '-' + s, l + '_' + s);
+    if (!tag.englishName.isEmpty())
+        names << tag.englishName + ext;
+    return names;
+}
+
+QString Platform::languageFolderSuffix()
+{
+    return isMacOS() ? QStringLiteral(".lproj") : QString();
+}
+
+QString Platform::mailIndexName()
+{
+    return isMacOS() ? QStringLiteral("PersistenceInfo.plist") : QString();
+}
+
+QString Platform::mailAttachmentsFolder()
+{
+    return isMacOS() ? QStringLiteral("/Data/Attachments") : QStringLiteral("/folders/");
 }
