@@ -1,5 +1,9 @@
 #include "cleaner/scan/JunkFileModuleInfo.h"
 
+#include "cleaner/core/Platform.h"
+
+#include <QFile>
+
 std::pair<QList<FolderInfoPtr>, qint64> JunkFileModuleInfo::getJunkFileFolderInfoList(
     const QList<FolderUrl> &urls, const Progress &progress, const ShowPercent &showPercent,
     const WalkFilter &filter)
@@ -19,7 +23,8 @@ std::pair<QList<FolderInfoPtr>, qint64> JunkFileModuleInfo::getJunkFileFolderInf
             for (const FolderInfoPtr &child : std::as_const(node->children)) {
                 child->findex = int(files.size());
                 files.append(child);
-                postProgress(progress, ResourceValues::displayName(pathBytes(child->url)), child->size);
+                postProgress(progress, ResourceValues::displayName(pathBytes(child->url)),
+                             child->size);
             }
         }
         postPercent(showPercent, step);
@@ -27,4 +32,36 @@ std::pair<QList<FolderInfoPtr>, qint64> JunkFileModuleInfo::getJunkFileFolderInf
             total += node->size;
     }
     return {files, total};
+}
+
+std::optional<QUrl> JunkFileModuleInfo::getPhotoslibraryPath(const QString &photoPath)
+{
+    const QString pattern = Platform::photoLibraryPattern();
+    if (pattern.isEmpty())
+        return std::nullopt;
+    std::optional<QUrl> library;
+    auto e = DirectoryEnumerator::create(QFile::encodeName(photoPath),
+                                         DirectoryEnumerator::SkipsSubdirectoryDescendants);
+    while (e && e->next()) {
+        if (ResourceValues::displayName(ResourceValues::lastComponent(e->path())).contains(pattern))
+            library = urlFromPath(e->path());
+    }
+    return library;
+}
+
+void JunkFileModuleInfo::getPhotoInfoList(const std::optional<ResourceValues> &path,
+                                          const Progress &progress, const ShowPercent &,
+                                          const std::function<bool(const ResourceValues &)> &filter,
+                                          int status, QList<FolderInfoPtr> &list, qint64 &total)
+{
+    if (!path || (filter && !filter(*path)))
+        return;
+    FolderInfoPtr node = nodeFromValues(*path, 0, status);
+    node->icon = QStringLiteral("PhotoCache");
+    node->isFolder = false;
+    node->isPackage = false;
+    node->hidden = false;
+    total += node->size;
+    postProgress(progress, node->absoluteString(), node->size);
+    list.append(std::move(node));
 }
