@@ -1,13 +1,82 @@
-#include "cli/CliCommands.h"
-
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
+#include "cli/CliCommands.h"
 #include "cli/JsonOutput.h"
 #include "cli/ProgressBar.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
 #include <QJsonDocument>
+
+namespace {
+
+// Module 0 scans its five children at once; each is printed as a module.
+int scanAutoCleanup(bool json)
+{
+    QList<int> children;
+    int pending = 0;
+    for (const Category &c : KestalAutoCleanupService::categories().value_or(QList<Category>())) {
+        const int module = KestalAutoCleanupService::childModuleIndex(c.title);
+        if (module < 0 || module >= AppModuleService::appModules().size())
+            continue;
+        children << module;
+        // A child without categories never reports; it is not waited for.
+        if (!AppModuleService::appModules()[module]
+                 .categories.value_or(QList<Category>())
+                 .isEmpty())
+            ++pending;
+    }
+    if (pending > 0) {
+        ProgressBar bar;
+        qint64 seen = 0;
+        float percent = 0;
+        const int total = pending;
+        KestalAutoCleanupService::scanAutoCleanup(
+            [&](const QString &path, qint64 size, int) {
+                seen += size;
+                bar.update(double(percent) / total, seen, path);
+            },
+            [&](int, float) {},
+            [&](int n, int, bool finished) {
+                if (!finished || n < 0)
+                    return;
+                percent += 1;
+                bar.update(double(percent) / total, seen, QString());
+                if (--pending == 0)
+                    QCoreApplication::exit(0);
+            });
+        QCoreApplication::exec();
+        bar.finish();
+    }
+
+    const QList<Module> &modules = AppModuleService::appModules();
+    if (json) {
+        QJsonObject whole = JsonOutput::module(modules[0], 0);
+        QJsonArray array;
+        for (int module : std::as_const(children))
+            array.append(JsonOutput::module(modules[module], module));
+        whole.insert(QStringLiteral("children"), array);
+        CliCommands::printOut(QString::fromUtf8(QJsonDocument(whole).toJson()));
+        return 0;
+    }
+    qint64 sum = 0;
+    CliCommands::printOut(QStringLiteral("%1\n").arg(getLocalizedString(modules[0].title)));
+    for (int module : std::as_const(children)) {
+        CliCommands::printOut(
+            QStringLiteral("\n%1\n").arg(getLocalizedString(modules[module].title)));
+        for (const Category &c : modules[module].categories.value_or(QList<Category>())) {
+            CliCommands::printCategory(c);
+            sum += c.size;
+        }
+    }
+    CliCommands::printOut(getLocalizedString(QStringLiteral("Total")) +
+                          QStringLiteral(": %1\n").arg(CliCommands::sizeText(sum)));
+    return 0;
+}
+
+} // namespace
 
 void CliCommands::printCategory(const Category &c)
 {
@@ -18,7 +87,9 @@ void CliCommands::printCategory(const Category &c)
                  .arg(c.state));
     for (const FolderInfoPtr &f : c.files) {
         printOut(QStringLiteral("    [%1] %2  %3\n")
-                     .arg(f->checked == 1 ? QStringLiteral("x") : f->checked == -1 ? QStringLiteral("-") : QStringLiteral(" "))
+                     .arg(f->checked == 1    ? QStringLiteral("x")
+                          : f->checked == -1 ? QStringLiteral("-")
+                                             : QStringLiteral(" "))
                      .arg(sizeText(f->size), 10)
                      .arg(QString::fromLocal8Bit(FolderInfo::pathBytes(f->url))));
     }
@@ -33,14 +104,20 @@ int CliCommands::scan(const QStringList &args)
     const int module = resolveModule(rest.first());
     if (module < 0)
         return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
+    if (module == 0)
+        return scanAutoCleanup(json);
 
-    const QList<Category> categories = AppModuleService::appModules()[module].categories.value_or(QList<Category>());
+    const QList<Category> categories =
+        AppModuleService::appModules()[module].categories.value_or(QList<Category>());
     if (categories.isEmpty()) {
         // A module with no categories of its own would scan forever.
         if (json)
-            printOut(QString::fromUtf8(QJsonDocument(JsonOutput::module(AppModuleService::appModules()[module], module)).toJson()));
+            printOut(QString::fromUtf8(
+                QJsonDocument(JsonOutput::module(AppModuleService::appModules()[module], module))
+                    .toJson()));
         else
-            printOut(QStringLiteral("%1: nothing to scan\n").arg(getLocalizedString(AppModuleService::appModules()[module].title)));
+            printOut(QStringLiteral("%1: nothing to scan\n")
+                         .arg(getLocalizedString(AppModuleService::appModules()[module].title)));
         return 0;
     }
 
@@ -77,4 +154,3 @@ int CliCommands::scan(const QStringList &args)
     printOut(QStringLiteral("Total: %1\n").arg(sizeText(total)));
     return 0;
 }
-

@@ -4,6 +4,7 @@
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/Fatal.h"
 #include "cleaner/scan/JunkFileService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/ScanDispatch.h"
 
 #include <memory>
@@ -46,14 +47,38 @@ bool hasOwnCategoriesFromScan(int moduleIndex)
 
 int KestalService::timeInterval = 1;
 
-QHash<int, int> &KestalService::scanStatus() { return tables().scanStatus; }
-QHash<int, std::optional<QList<Category>>> &KestalService::scanCategory() { return tables().scanCategory; }
-QHash<int, float> &KestalService::scanningPercent() { return tables().scanningPercent; }
-QHash<int, qint64> &KestalService::scanTotalSize() { return tables().scanTotalSize; }
-QHash<int, int> &KestalService::cleanDone() { return tables().cleanDone; }
-QHash<int, std::pair<qint64, int>> &KestalService::cleanTotalSizeAndNumber() { return tables().cleanTotalSizeAndNumber; }
-QHash<int, QHash<int, CleanTriple>> &KestalService::cleanningCompletedStatus() { return tables().cleanningCompletedStatus; }
-QHash<int, QPointer<DispatchTimer>> &KestalService::scanTimer() { return tables().scanTimer; }
+QHash<int, int> &KestalService::scanStatus()
+{
+    return tables().scanStatus;
+}
+QHash<int, std::optional<QList<Category>>> &KestalService::scanCategory()
+{
+    return tables().scanCategory;
+}
+QHash<int, float> &KestalService::scanningPercent()
+{
+    return tables().scanningPercent;
+}
+QHash<int, qint64> &KestalService::scanTotalSize()
+{
+    return tables().scanTotalSize;
+}
+QHash<int, int> &KestalService::cleanDone()
+{
+    return tables().cleanDone;
+}
+QHash<int, std::pair<qint64, int>> &KestalService::cleanTotalSizeAndNumber()
+{
+    return tables().cleanTotalSizeAndNumber;
+}
+QHash<int, QHash<int, CleanTriple>> &KestalService::cleanningCompletedStatus()
+{
+    return tables().cleanningCompletedStatus;
+}
+QHash<int, QPointer<DispatchTimer>> &KestalService::scanTimer()
+{
+    return tables().scanTimer;
+}
 
 void KestalService::initData()
 {
@@ -118,6 +143,16 @@ bool KestalService::judgeStopScan(int modelIndex)
         return false;
     const int s = status.value(modelIndex);
     return s == 2 || s == -1;
+}
+
+int KestalService::stopScan(int module)
+{
+    if (scanStatus().value(0) == 1) {
+        KestalAutoCleanupService::stopScanAutoCleanup();
+        return 0;
+    }
+    scanStatus()[module] = 2;
+    return module;
 }
 
 int KestalService::autoCleanEndIndex()
@@ -192,7 +227,8 @@ void KestalService::scan(int modelIndex, Progress progress, ShowPercent showPerc
             Category c = std::move(*copy);
 
             auto accumulated = std::make_shared<float>(0.0f);
-            const Progress wrappedProgress = [silenced, progress](const QString &path, qint64 size) {
+            const Progress wrappedProgress = [silenced, progress](const QString &path,
+                                                                  qint64 size) {
                 if (!silenced() && progress)
                     progress(path, size);
             };

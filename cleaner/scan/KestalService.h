@@ -5,7 +5,6 @@
 
 #include <QHash>
 #include <QPointer>
-
 #include <functional>
 #include <optional>
 #include <utility>
@@ -42,6 +41,10 @@ public:
     static void handleEvents(DispatchTimer *timer);
     static bool isStopScan(int moduleIndex);
     static bool judgeStopScan(int modelIndex);
+    // A module's stop action: while Auto Cleanup scans, it owns the module and
+    // the whole of it stops; otherwise the module alone. Returns the module
+    // that was stopped (0 for Auto Cleanup).
+    static int stopScan(int module);
     // The index of the row titled "Tools", 0 when there is none.
     static int autoCleanEndIndex();
 
@@ -53,7 +56,8 @@ public:
     static void reset();
 
     // Fills one category copy from its roots with the scanner its type names.
-    static void scanCategoryOfType(Category &c, const Progress &progress, const ShowPercent &showPercent);
+    static void scanCategoryOfType(Category &c, const Progress &progress,
+                                   const ShowPercent &showPercent);
 
 protected:
     static void startTimer(int modelIndex);

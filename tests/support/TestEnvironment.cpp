@@ -7,6 +7,7 @@
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 
 #include <QDir>
@@ -72,6 +73,7 @@ void TestEnvironment::writeModules(const QVariant &rows)
 void TestEnvironment::resetCaches()
 {
     KestalService::reset();
+    KestalAutoCleanupService::reset();
     Platform::reload();
     AppModuleService::reset();
     SettingInfo::reset();
