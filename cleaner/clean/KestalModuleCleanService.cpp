@@ -372,18 +372,36 @@ void KestalModuleCleanService::updateModuleCategoryAndDetail(int modelIndex,
 
 namespace {
 
-// Removes from a list the nodes whose findex is among `finders`.
-qint64 removeNodes(QList<FolderInfoPtr> &nodes, QList<int> finders)
+// The plan's node for a finder (and a child's finder) of a category. The
+// tree's findex values change as nodes leave, the plan's do not: nodes are
+// found through the plan.
+FolderInfoPtr planNode(int moduleIndex, int ci, int finder, std::optional<int> childFinder = {})
 {
-    std::sort(finders.begin(), finders.end(), std::greater<int>());
-    qint64 removed = 0;
-    for (int finder : finders) {
-        for (qsizetype i = nodes.size() - 1; i >= 0; --i) {
-            if (nodes[i]->findex == finder) {
-                removed += nodes[i]->size;
-                nodes.removeAt(i);
-                break;
+    for (const cleanCategory &c : KestalModuleCleanService::cleanInfoDict().value(moduleIndex)) {
+        if (c.ci != ci)
+            continue;
+        for (const cleanFolder &entry : c.folders) {
+            if (entry.finder != finder)
+                continue;
+            if (!childFinder)
+                return entry.folder;
+            for (const cleanFolder &child : entry.children) {
+                if (child.finder == *childFinder)
+                    return child.folder;
             }
+        }
+    }
+    return nullptr;
+}
+
+// Takes these nodes out of a list; the bytes they held.
+qint64 removeNodes(QList<FolderInfoPtr> &nodes, const QList<FolderInfoPtr> &gone)
+{
+    qint64 removed = 0;
+    for (qsizetype i = nodes.size() - 1; i >= 0; --i) {
+        if (gone.contains(nodes[i])) {
+            removed += nodes[i]->size;
+            nodes.removeAt(i);
         }
     }
     return removed;
@@ -407,10 +425,14 @@ void KestalModuleCleanService::cleanFile(int moduleIndex, const FileFinder &file
     Q_UNUSED(cleanManager);
     Dispatch::mainSync([&] {
         for (auto it = fileFinder.begin(); it != fileFinder.end(); ++it) {
-            if (Category *c = categoryWithFinder(moduleIndex, it.key())) {
-                removeNodes(c->files, it.value());
-                updateAppModuleCategory(moduleIndex, it.key());
-            }
+            Category *c = categoryWithFinder(moduleIndex, it.key());
+            if (!c)
+                continue;
+            QList<FolderInfoPtr> gone;
+            for (int finder : it.value())
+                gone.append(planNode(moduleIndex, it.key(), finder));
+            removeNodes(c->files, gone);
+            updateAppModuleCategory(moduleIndex, it.key());
         }
     });
 }
@@ -425,21 +447,22 @@ void KestalModuleCleanService::cleanChildrenFile(int moduleIndex,
             Category *c = categoryWithFinder(moduleIndex, it.key());
             if (!c)
                 continue;
-            QList<int> emptied;
+            QList<FolderInfoPtr> emptied;
             for (const auto &[parentFinder, children] : it.value()) {
-                for (const FolderInfoPtr &parent : std::as_const(c->files)) {
-                    if (parent->findex != parentFinder)
-                        continue;
-                    parent->size -= removeNodes(parent->children, children);
-                    for (qsizetype i = 0; i < parent->children.size(); ++i)
-                        parent->children[i]->findex = int(i);
-                    // What is left was not selected; a stale -1 would make the
-                    // next plan take the whole folder.
-                    parent->checked = AppModuleService::calculateParentState(parent->children);
-                    if (parent->children.isEmpty())
-                        emptied.append(parentFinder);
-                    break;
-                }
+                const FolderInfoPtr parent = planNode(moduleIndex, it.key(), parentFinder);
+                if (!parent)
+                    continue;
+                QList<FolderInfoPtr> gone;
+                for (int finder : children)
+                    gone.append(planNode(moduleIndex, it.key(), parentFinder, finder));
+                parent->size -= removeNodes(parent->children, gone);
+                for (qsizetype i = 0; i < parent->children.size(); ++i)
+                    parent->children[i]->findex = int(i);
+                // What is left was not selected; a stale -1 would make the
+                // next plan take the whole folder.
+                parent->checked = AppModuleService::calculateParentState(parent->children);
+                if (parent->children.isEmpty())
+                    emptied.append(parent);
             }
             removeNodes(c->files, emptied);
             updateAppModuleCategory(moduleIndex, it.key());

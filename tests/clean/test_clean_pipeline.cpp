@@ -1,0 +1,246 @@
+// The clean pipeline in this process, and through the real service and
+// helper where an item cannot go in process (here: an item that vanished
+// after the scan, which the in-process removal refuses).
+
+#include "CleanTestSupport.h"
+
+using namespace CleanTest;
+
+class TestCleanPipeline : public QObject {
+    Q_OBJECT
+
+private:
+    // A module of these categories, each listing its files, all selected.
+    void loadSelected(TestEnvironment &env, TreeBuilder &tree, const QList<QStringList> &files)
+    {
+        QList<QStringList> roots;
+        for (qsizetype ci = 0; ci < files.size(); ++ci)
+            roots.append({FolderInfo::absoluteString(
+                FolderInfo::urlFromPath(tree.folder(QStringLiteral("c%1").arg(ci))))});
+        writeModule(env, roots);
+        QList<Category> &categories = AppModuleService::categoriesOf(0);
+        for (qsizetype ci = 0; ci < files.size(); ++ci) {
+            for (const QString &name : files[ci]) {
+                const QString path = tree.file(QStringLiteral("c%1/").arg(ci) + name, 100 + ci);
+                FolderInfoPtr node = FolderInfo::folderInfo(
+                    FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(path))}, false,
+                    {});
+                node->findex = int(categories[ci].files.size());
+                node->checked = 1;
+                categories[ci].files.append(node);
+                categories[ci].size += node->size;
+            }
+            categories[ci].state = 1;
+        }
+    }
+
+private slots:
+    void init() { useHelper(QString()); }
+    void cleanupTestCase() { XPCUtil::shutdown(); }
+
+    void propertyInProcess()
+    {
+        for (quint32 seed = 1; seed <= 12; ++seed) {
+            TestEnvironment env;
+            RandomClean random(seed);
+            random.build(env, false);
+            random.select();
+            CleanRun run;
+            run.start(0);
+            QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+            QCOMPARE(run.status, 999);
+            random.verify();
+            if (QTest::currentTestFailed())
+                qWarning("failed with seed %u", seed);
+        }
+    }
+
+    void nothingSelectedFinishesInProcess()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        loadSelected(env, tree, {{QStringLiteral("a")}, {QStringLiteral("b")}});
+        for (int ci = 0; ci < 2; ++ci)
+            AppModuleService::updateState(0, 0, ci, -1, std::nullopt);
+        CleanRun run;
+        run.start(0);
+        QTRY_VERIFY(run.finished);
+        QCOMPARE(run.reports.size(), 3);
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(run.reports[i].ci, i < 2 ? i : -1);
+            QCOMPARE(run.reports[i].status, 999);
+            QCOMPARE(run.reports[i].number, 0);
+        }
+        QVERIFY(QFile::exists(tree.path(QStringLiteral("c0/a"))));
+    }
+
+    void stopBeforeTheFirstItem()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("b")}});
+        KestalCleanRecorder::handleClean(0);
+        KestalModuleCleanService::setStop(0, true);
+        bool finished = false;
+        QList<int> statuses;
+        auto recorder = std::make_shared<KestalCleanRecorder>(
+            0, [&](bool result, int ci, int status, int number, qint64 size) {
+                QVERIFY(!result);
+                QCOMPARE(ci, -1);
+                QCOMPARE(number, 0);
+                QCOMPARE(size, 0);
+                statuses.append(status);
+                finished = true;
+            });
+        KestalModuleCleanService::analysisModule(0, recorder);
+        QTRY_VERIFY(finished);
+        QCOMPARE(statuses, QList<int>{-3});
+        QVERIFY(QFile::exists(tree.path(QStringLiteral("c0/a"))));
+        QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
+    }
+
+    void partlySelectedFolderEmptiedLeavesTheTree()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        tree.file(QStringLiteral("c0/folder/x"), 10);
+        tree.file(QStringLiteral("c0/folder/y"), 20);
+        writeModule(env, {{FolderInfo::absoluteString(
+                             FolderInfo::urlFromPath(tree.path(QStringLiteral("c0"))))}});
+        Category &c = AppModuleService::categoriesOf(0)[0];
+        FolderInfoPtr folder =
+            FolderInfo::folderInfo(FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(
+                                       tree.path(QStringLiteral("c0/folder"))))},
+                                   true, {});
+        folder->findex = 0;
+        // Every listed child checked while the folder says "partly": the
+        // children go one by one, and the emptied folder leaves the list.
+        folder->checked = -1;
+        for (const FolderInfoPtr &child : folder->children)
+            child->checked = 1;
+        c.files = {folder};
+        c.state = -1;
+        CleanRun run;
+        run.start(0);
+        QTRY_VERIFY(run.finished);
+        QCOMPARE(run.status, 999);
+        QCOMPARE(run.reports.first().number, 2);
+        QCOMPARE(run.reports.first().size, 30);
+        QVERIFY(AppModuleService::categoriesOf(0)[0].files.isEmpty());
+        QVERIFY(QFileInfo(tree.path(QStringLiteral("c0/folder"))).isDir());
+        QVERIFY(!QFile::exists(tree.path(QStringLiteral("c0/folder/x"))));
+    }
+
+    // Categories 1 and 2 each hold an item that vanished after the scan: the
+    // in-process removal refuses it and it goes to the helper, whose fate
+    // the launcher decides. The first request goes out alone; the second
+    // waits for its answer.
+    void helperOutcomes_data()
+    {
+        QTest::addColumn<QString>("launcher");
+        QTest::addColumn<bool>("helperPresent");
+        QTest::addColumn<int>("runStatus");
+        QTest::addColumn<int>("vanishedStatus");
+        QTest::newRow("helper reached") << QString() << true << 999 << 3;
+        QTest::newRow("launcher refuses") << QStringLiteral("false") << true << -2 << 8;
+        QTest::newRow("no helper") << QString() << false << -2 << 8;
+    }
+
+    void helperOutcomes()
+    {
+        QFETCH(QString, launcher);
+        QFETCH(bool, helperPresent);
+        QFETCH(int, runStatus);
+        QFETCH(int, vanishedStatus);
+        useHelper(launcher,
+                  helperPresent ? helperProgram() : QStringLiteral("/nonexistent/brenlow-helper"));
+        TestEnvironment env;
+        TreeBuilder tree;
+        loadSelected(env, tree,
+                     {{QStringLiteral("a")},
+                      {QStringLiteral("b"), QStringLiteral("gone1")},
+                      {QStringLiteral("gone2"), QStringLiteral("c")}});
+        QFile::remove(tree.path(QStringLiteral("c1/gone1")));
+        QFile::remove(tree.path(QStringLiteral("c2/gone2")));
+
+        CleanRun run;
+        run.start(0);
+        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+        QCOMPARE(run.status, runStatus);
+        // What went in process stays gone whatever became of the helper.
+        for (const char *name : {"c0/a", "c1/b", "c2/c"})
+            QVERIFY(!QFile::exists(tree.path(QLatin1String(name))));
+
+        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(0);
+        QCOMPARE(plan[1].folders[1].status, vanishedStatus);
+        QCOMPARE(plan[2].folders[0].status, vanishedStatus);
+        QCOMPARE(plan[1].folders[0].status, 1);
+        // The failed items stay listed, the removed ones leave.
+        QCOMPARE(AppModuleService::categoriesOf(0)[1].files.size(), 1);
+        QCOMPARE(AppModuleService::categoriesOf(0)[1].files[0]->name, QStringLiteral("gone1"));
+        QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 0);
+        // Only what went counts: one item of 100, 101 and 102 bytes each.
+        QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(qint64(303), 3));
+        if (runStatus == 999) {
+            QCOMPARE(run.reports.size(), 4);
+            QCOMPARE(run.reports[1].ci, 1);
+            QCOMPARE(run.reports[1].status, 3);
+            QCOMPARE(run.reports[1].number, 1);
+            QCOMPARE(run.reports[2].ci, 2);
+            QVERIFY(KestalModuleCleanService::passHelpTool());
+        } else {
+            // One install failure closes the run: the queued request is dropped.
+            QCOMPARE(run.reports.size(), 2);
+            QCOMPARE(run.reports[0].ci, 0);
+            QVERIFY(!KestalModuleCleanService::passHelpTool());
+            QVERIFY(KestalModuleCleanService::modelHelpTool().isEmpty());
+        }
+    }
+
+    void receiverRemovedByAnAbsentProgress()
+    {
+        TestEnvironment env;
+        writeModule(env, {});
+        struct Sink : DeleteFilesProgressProtocol {
+            void installFail(const QString &, int) override {}
+            void processed(const QString &, qint64, int) override {}
+            void finished(bool, const PathMap &, int) override {}
+        };
+        XPCUtil *xpc = XPCUtil::instance();
+        QCOMPARE(xpc->serviceName, QStringLiteral("Brenlow"));
+        xpc->operation({}, std::make_shared<Sink>(), qint64(operationType::start), 5);
+        QVERIFY(xpc->hasCustomerProgress(5));
+        xpc->operation({}, nullptr, qint64(operationType::start), 5);
+        QVERIFY(!xpc->hasCustomerProgress(5));
+        QCOMPARE(XPCUtil::serviceIdentifier(QStringLiteral("Other")), QString());
+    }
+
+    void installFailureTexts_data()
+    {
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("missing") << "1000"
+                                 << "A failure when referencing a bundle that doesn't exist";
+        QTest::newRow("denied")
+            << "1020"
+            << "Authorization was denied by the system when asking a user for authorization";
+        QTest::newRow("cancelled") << "1021"
+                                   << "The user canceled a prompt for authorization";
+        QTest::newRow("no prompt") << "1022"
+                                   << "Unable to prompt the user (interaction disallowed)";
+        QTest::newRow("other") << "1011"
+                               << "Unkown Error!";
+        QTest::newRow("not a number") << "eror"
+                                      << "Unkown Error!";
+    }
+
+    void installFailureTexts()
+    {
+        QFETCH(QString, error);
+        QFETCH(QString, text);
+        QCOMPARE(KestalCleanManager::installFailureText(error), text);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCleanPipeline)
+#include "test_clean_pipeline.moc"

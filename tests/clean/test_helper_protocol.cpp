@@ -1,0 +1,318 @@
+// The helper and the service as real processes, spoken to in frames: what
+// the helper removes and refuses, how it answers damaged messages, and how
+// the service turns launcher failures into install-failure numbers.
+
+#include "CleanTestSupport.h"
+#include "cleaner/clean/InstallFailure.h"
+
+#include <QProcessEnvironment>
+#include <QtEndian>
+
+using namespace CleanTest;
+
+namespace {
+
+QCborMap deleteCall(const QList<QByteArray> &paths, qint64 type = qint64(operationType::delete_))
+{
+    QMap<QByteArray, QList<int>> folders;
+    int finder = 0;
+    for (const QByteArray &p : paths)
+        folders.insert(p, {0, finder++, 0});
+    return Wire::call(Wire::helperOperation,
+                      {Wire::wireFromPaths(folders), QCborValue(QCborValue::Null), type, 3});
+}
+
+// The status slots of a finished report, by path.
+QMap<QByteArray, int> statuses(const QCborMap &report)
+{
+    QMap<QByteArray, int> out;
+    const auto paths =
+        Wire::wirePaths(report.value(QStringLiteral("args")).toArray().at(1).toMap());
+    for (auto it = paths.begin(); it != paths.end(); ++it)
+        out.insert(it.key(), it.value().last());
+    return out;
+}
+
+QByteArray frameOf(const QByteArray &body)
+{
+    QByteArray frame(4, Qt::Uninitialized);
+    qToBigEndian<quint32>(quint32(body.size()), frame.data());
+    return frame + body;
+}
+
+} // namespace
+
+class TestHelperProtocol : public QObject {
+    Q_OBJECT
+
+private:
+    // The helper still serves: it answers a version request.
+    void stillServes(Peer &helper)
+    {
+        helper.send(Wire::call(Wire::getVersion, {}, 77));
+        const auto answer = helper.next();
+        QVERIFY(answer);
+        QCOMPARE(answer->value(QStringLiteral("reply")).toInteger(), 77);
+        QVERIFY(!answer->value(QStringLiteral("value")).toString().isEmpty());
+    }
+
+private slots:
+    void removesFilesFoldersAndOddNames()
+    {
+        TreeBuilder tree;
+        const QByteArray file = QFile::encodeName(tree.file(QStringLiteral("a file"), 10));
+        tree.file(QStringLiteral("folder/deep/x"), 5);
+        const QByteArray folder = QFile::encodeName(tree.path(QStringLiteral("folder")));
+        const QByteArray raw = tree.fileBytes("raw\xff\xfe name", 3);
+        Peer helper(helperProgram());
+        helper.send(deleteCall({file, folder, raw}));
+        const auto report = helper.nextSkippingProgress();
+        QVERIFY(report);
+        QCOMPARE(report->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));
+        QVERIFY(report->value(QStringLiteral("args")).toArray().at(0).toBool());
+        QCOMPARE(statuses(*report), (QMap<QByteArray, int>{{file, 1}, {folder, 1}, {raw, 1}}));
+        for (const QByteArray &p : {file, folder, raw})
+            QVERIFY(!existsOnDisk(p));
+    }
+
+    // A link is removed as itself; a path that runs through a link is refused.
+    void neverFollowsALink()
+    {
+        TreeBuilder outside;
+        outside.file(QStringLiteral("keep/precious"), 42);
+        TreeBuilder tree;
+        const QByteArray link = QFile::encodeName(
+            tree.symlink(QStringLiteral("link"), outside.path(QStringLiteral("keep"))));
+        const QByteArray through = link + "/precious";
+        Peer helper(helperProgram());
+        helper.send(deleteCall({through}));
+        auto report = helper.nextSkippingProgress();
+        QVERIFY(report);
+        QCOMPARE(statuses(*report).value(through), 3);
+        QVERIFY(helper.errors().contains(QLatin1String("symbolic link")));
+        helper.send(deleteCall({link}));
+        report = helper.nextSkippingProgress();
+        QVERIFY(report);
+        QCOMPARE(statuses(*report).value(link), 1);
+        QVERIFY(!existsOnDisk(link));
+        QCOMPARE(QFileInfo(outside.path(QStringLiteral("keep/precious"))).size(), 42);
+    }
+
+    void refusesWhatWouldBreakTheSystem_data()
+    {
+        QTest::addColumn<QByteArray>("path");
+        QTest::newRow("root") << QByteArray("/");
+        QTest::newRow("top-level folder") << QByteArray("/etc");
+        QTest::newRow("top-level with slashes") << QByteArray("//usr///");
+        QTest::newRow("system folder") << QByteArray("/usr/lib");
+        QTest::newRow("a home") << QFile::encodeName(QDir::homePath());
+        QTest::newRow("relative") << QByteArray("tmp/x");
+        QTest::newRow("climbs out") << QByteArray("/tmp/../etc/passwd");
+        QTest::newRow("empty") << QByteArray();
+    }
+
+    void refusesWhatWouldBreakTheSystem()
+    {
+        QFETCH(QByteArray, path);
+        const bool existed = existsOnDisk(path);
+        Peer helper(helperProgram());
+        helper.send(deleteCall({path}));
+        const auto report = helper.nextSkippingProgress();
+        QVERIFY(report);
+        QVERIFY(!report->value(QStringLiteral("args")).toArray().at(0).toBool());
+        QCOMPARE(statuses(*report).value(path), 3);
+        QVERIFY(helper.errors().contains(QLatin1String("refused")));
+        QCOMPARE(existsOnDisk(path), existed);
+    }
+
+    void otherKindsAnswerNocause_data()
+    {
+        QTest::addColumn<qint64>("type");
+        QTest::newRow("shredder") << qint64(operationType::shredder);
+        QTest::newRow("move") << qint64(operationType::move);
+        QTest::newRow("usb") << qint64(operationType::usb);
+    }
+
+    void otherKindsAnswerNocause()
+    {
+        QFETCH(qint64, type);
+        TreeBuilder tree;
+        const QByteArray file = QFile::encodeName(tree.file(QStringLiteral("f"), 1));
+        Peer helper(helperProgram());
+        helper.send(deleteCall({file}, type));
+        const auto report = helper.nextSkippingProgress();
+        QVERIFY(report);
+        QCOMPARE(statuses(*report).value(file), 4);
+        QVERIFY(existsOnDisk(file));
+    }
+
+    void damagedMessagesGetAnError_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("reason");
+        QByteArray random(64, Qt::Uninitialized);
+        QRandomGenerator seeded(7);
+        for (char &c : random)
+            c = char(seeded.bounded(256));
+        const QByteArray valid = Wire::call(Wire::getVersion, {}, 1).toCborValue().toCbor();
+        QTest::newRow("random bytes") << frameOf(random) << "";
+        QTest::newRow("cut message") << frameOf(valid.left(valid.size() - 3)) << "unreadable";
+        QTest::newRow("not a map") << frameOf(QCborValue(5).toCbor()) << "map";
+        QTest::newRow("unknown selector")
+            << frameOf(Wire::call("removeEverything:", {}).toCborValue().toCbor())
+            << "unknown selector";
+        QTest::newRow("reply without id")
+            << frameOf(Wire::call(Wire::getVersion, {}).toCborValue().toCbor()) << "id";
+        QTest::newRow("wrong argument")
+            << frameOf(Wire::call(Wire::helperOperation,
+                                  {QStringLiteral("x"), QCborValue(QCborValue::Null), 1, 0})
+                           .toCborValue()
+                           .toCbor())
+            << "wrong type";
+        QTest::newRow("path as text")
+            << frameOf(Wire::call(Wire::helperOperation,
+                                  {QCborMap{{QStringLiteral("/tmp/x"), QCborArray{0, 0, 0}}},
+                                   QCborValue(QCborValue::Null), 1, 0})
+                           .toCborValue()
+                           .toCbor())
+            << "wrong type";
+        QTest::newRow("unknown type")
+            << frameOf(Wire::call(Wire::helperOperation,
+                                  {QCborMap(), QCborValue(QCborValue::Null), 16, 0})
+                           .toCborValue()
+                           .toCbor())
+            << "unknown operation type";
+        QTest::newRow("length beyond limit")
+            << QByteArray("\xff\xff\xff\xff garbage", 12) << "too long";
+    }
+
+    void damagedMessagesGetAnError()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, reason);
+        Peer helper(helperProgram());
+        helper.sendRaw(bytes);
+        const auto answer = helper.next();
+        QVERIFY(answer);
+        QVERIFY(answer->contains(QStringLiteral("error")));
+        QVERIFY2(answer->value(QStringLiteral("error")).toString().contains(reason),
+                 qPrintable(answer->value(QStringLiteral("error")).toString()));
+        stillServes(helper);
+    }
+
+    void streamCutInsideAMessage()
+    {
+        Peer helper(helperProgram());
+        helper.sendRaw(QByteArray("\x00\x00\x00\x40\xa2", 5));
+        helper.process.closeWriteChannel();
+        QVERIFY(helper.process.waitForFinished(10000));
+        QCOMPARE(helper.process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(helper.process.exitCode(), 0);
+        QVERIFY(helper.errors().contains(QLatin1String("ended inside a message")));
+    }
+
+    void launcherFailureNumbers_data()
+    {
+        QTest::addColumn<QString>("launcher");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("errors");
+        QTest::addColumn<int>("number");
+        QTest::newRow("pkexec dismissed")
+            << "pkexec" << 126 << "Error executing command as another user: Request dismissed"
+            << 1021;
+        QTest::newRow("pkexec denied")
+            << "/usr/bin/pkexec" << 127 << "Error executing command as another user: Not authorized"
+            << 1020;
+        QTest::newRow("pkexec no agent")
+            << "pkexec" << 127
+            << "Error executing command as another user: No authentication agent found." << 1022;
+        QTest::newRow("pkexec no polkit")
+            << "pkexec" << 127 << "Error getting authority: Error initializing authority" << 1022;
+        QTest::newRow("pkexec other") << "pkexec" << 1 << "something else" << 1023;
+        QTest::newRow("sudo password") << "sudo" << 1 << "sudo: a password is required" << 1022;
+        QTest::newRow("sudo refused")
+            << "sudo" << 1 << "Sorry, user x is not allowed to execute '/h' as root" << 1020;
+        QTest::newRow("other launcher") << "doas" << 1 << "" << 1023;
+    }
+
+    void launcherFailureNumbers()
+    {
+        QFETCH(QString, launcher);
+        QFETCH(int, exitCode);
+        QFETCH(QString, errors);
+        QFETCH(int, number);
+        QCOMPARE(InstallFailure::fromLauncher(launcher, exitCode, errors), number);
+    }
+
+    // The service, started as the application starts it, with launchers
+    // that fail in each way it can see.
+    void serviceReportsInstallFailures_data()
+    {
+        QTest::addColumn<QString>("launcher");
+        QTest::addColumn<QString>("helper");
+        QTest::addColumn<QString>("number");
+        QTest::newRow("helper missing") << ""
+                                        << "/nonexistent/brenlow-helper"
+                                        << "1000";
+        QTest::newRow("launcher fails") << "false" << helperProgram() << "1023";
+        QTest::newRow("launcher missing") << "/nonexistent/launcher" << helperProgram() << "1022";
+    }
+
+    void serviceReportsInstallFailures()
+    {
+        QFETCH(QString, launcher);
+        QFETCH(QString, helper);
+        QFETCH(QString, number);
+        qputenv("BRENLOW_HELPER_LAUNCHER", launcher.toLocal8Bit());
+        qputenv("BRENLOW_HELPER_PATH", QFile::encodeName(helper));
+        Peer service(serviceProgram(),
+                     {QStringLiteral("--name"), QStringLiteral("com.orrimay.Brenlow.XPCService")});
+        // An announcement is not answered; the request after it is.
+        service.send(
+            Wire::call(Wire::serviceOperation, {QCborMap(), qint64(operationType::start), 4}));
+        service.send(
+            Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{"/tmp/x", {0, 0, 0}}}),
+                                                qint64(operationType::delete_), 4}));
+        const auto answer = service.next();
+        QVERIFY(answer);
+        QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::installFail));
+        QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(0).toString(), number);
+        QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(1).toInteger(), 4);
+    }
+
+    void serviceRelaysTheHelper()
+    {
+        qputenv("BRENLOW_HELPER_LAUNCHER", QByteArray());
+        qputenv("BRENLOW_HELPER_PATH", QFile::encodeName(helperProgram()));
+        TreeBuilder tree;
+        const QByteArray file = QFile::encodeName(tree.file(QStringLiteral("f"), 1));
+        Peer service(serviceProgram(),
+                     {QStringLiteral("--name"), QStringLiteral("com.orrimay.Brenlow.XPCService")});
+        service.send(Wire::call(Wire::installHelperTool, {}, 9));
+        auto answer = service.next();
+        QVERIFY(answer);
+        QCOMPARE(answer->value(QStringLiteral("reply")).toInteger(), 9);
+        QVERIFY(answer->value(QStringLiteral("value")).isNull());
+        service.send(Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{file, {2, 5, 0}}}),
+                                                         qint64(operationType::delete_), 4}));
+        answer = service.nextSkippingProgress();
+        QVERIFY(answer);
+        QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));
+        const auto paths =
+            Wire::wirePaths(answer->value(QStringLiteral("args")).toArray().at(1).toMap());
+        QCOMPARE(paths.value(file), (QList<int>{2, 5, 1}));
+        QVERIFY(!existsOnDisk(file));
+    }
+
+    void serviceAnswersOnlyItsOwnName()
+    {
+        QProcess service;
+        service.start(serviceProgram(),
+                      {QStringLiteral("--name"), QStringLiteral("com.other.XPCService")});
+        QVERIFY(service.waitForFinished(10000));
+        QCOMPARE(service.exitCode(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestHelperProtocol)
+#include "test_helper_protocol.moc"
