@@ -219,6 +219,8 @@ inline bool existsOnDisk(const QByteArray &path)
 class RandomClean {
 public:
     explicit RandomClean(quint32 seed) : rng(seed) {}
+    // Names of raw bytes are beyond the tree builder's own unlocking.
+    ~RandomClean() { unlock(QFile::encodeName(tree.root())); }
 
     // `lockSome`: some folders lose their write right, so what is in them
     // needs the helper.
@@ -340,6 +342,21 @@ public:
     QMap<QByteArray, QByteArray> before;
 
 private:
+    static void unlock(const QByteArray &folder)
+    {
+        ::chmod(folder.constData(), 0755);
+        DIR *dir = opendir(folder.constData());
+        while (const dirent *ent = dir ? readdir(dir) : nullptr) {
+            struct stat st;
+            const QByteArray path = folder + '/' + ent->d_name;
+            if (qstrcmp(ent->d_name, ".") && qstrcmp(ent->d_name, "..") &&
+                lstat(path.constData(), &st) == 0 && S_ISDIR(st.st_mode))
+                unlock(path);
+        }
+        if (dir)
+            closedir(dir);
+    }
+
     // Plain names, names with blanks and accents, and bytes that are not UTF-8.
     QByteArray nameFor(int i)
     {

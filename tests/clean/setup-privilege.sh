@@ -9,6 +9,7 @@
 #   setup-privilege.sh BUILD_DIR DEST_DIR [FILE...]   FILEs go to DEST_DIR/tests
 set -euo pipefail
 
+source=$(cd "$(dirname "$0")/../.." && pwd)
 build=$1
 dest=$2
 shift 2
@@ -22,7 +23,9 @@ id -u "$user" >/dev/null 2>&1 ||
   useradd --system --no-create-home --home-dir /nonexistent --shell /usr/sbin/nologin "$user"
 
 rm -rf "$dest"
-install -d -m 755 "$dest" "$dest/libexec/brenlow" "$dest/cli" "$dest/tests"
+install -d -m 755 "$dest" "$dest/libexec/brenlow" "$dest/cli" "$dest/tests" "$dest/share/brenlow"
+cp -r "$source/resources/linux" "$dest/share/brenlow/"
+chmod -R a+rX "$dest/share"
 install -m 755 "$build/libexec/brenlow/brenlow-service" "$build/libexec/brenlow/brenlow-helper" \
   "$dest/libexec/brenlow/"
 install -m 755 "$build/libexec/brenlow/brenlow-helper" "$dest/libexec/brenlow/brenlow-helper-unlisted"
