@@ -322,17 +322,15 @@ ApplicationJunkFolderInfo::getMailInfoList(const QString &url, const Progress &p
                     return FilterType::SkipSelf;
                 return FilterType::NoSkip;
             };
-            const ShowPercent scaled = [showPercent, share](float step) {
-                if (showPercent)
-                    showPercent(step * share);
-            };
+            // The account's walk reports as one share, so the whole ends at 1.
             ChildrenInfo found = filesFromDirWithFilter(
-                FolderUrl{absoluteString(urlFromPath(account.folder))}, progress, scaled, filter);
+                FolderUrl{absoluteString(urlFromPath(account.folder))}, progress, nullptr, filter);
             for (const FolderInfoPtr &f : std::as_const(found.children)) {
                 f->findex = int(files.size());
                 files.append(f);
             }
             total += found.totalSize;
+            postPercent(showPercent, share);
         }
     }
     return {files, total};

@@ -1,9 +1,8 @@
 #include "TestEnvironment.h"
 
 #include "TreeBuilder.h"
-#include "cleaner/core/FileRemoval.h"
-
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/FileRemoval.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
@@ -12,11 +11,10 @@
 
 #include <QDir>
 #include <QFile>
-
 #include <csignal>
+#include <cstdio>
 #include <grp.h>
 #include <pwd.h>
-#include <cstdio>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -134,7 +132,8 @@ bool TestEnvironment::asUnprivileged(const std::function<bool()> &work)
     if (pid == 0) {
         if (geteuid() == 0) {
             const passwd *pw = getpwnam("nobody");
-            if (!pw || setgroups(0, nullptr) != 0 || setgid(pw->pw_gid) != 0 || setuid(pw->pw_uid) != 0)
+            if (!pw || setgroups(0, nullptr) != 0 || setgid(pw->pw_gid) != 0 ||
+                setuid(pw->pw_uid) != 0)
                 _exit(3);
         }
         _exit(work() ? 0 : 1);
@@ -142,4 +141,43 @@ bool TestEnvironment::asUnprivileged(const std::function<bool()> &work)
     int status = 0;
     waitpid(pid, &status, 0);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+std::optional<QByteArray> TestEnvironment::runUnprivileged(const std::function<QByteArray()> &work)
+{
+    const passwd *nobody = geteuid() == 0 ? getpwnam("nobody") : nullptr;
+    if (geteuid() == 0 && !nobody)
+        return std::nullopt;
+    const uid_t uid = nobody ? nobody->pw_uid : geteuid();
+    const gid_t gid = nobody ? nobody->pw_gid : getegid();
+    int fds[2];
+    if (pipe(fds) != 0)
+        return std::nullopt;
+    std::fflush(stdout);
+    std::fflush(stderr);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close(fds[0]);
+        if (nobody && (setgid(gid) != 0 || setuid(uid) != 0))
+            _exit(3);
+        const QByteArray out = work();
+        for (qsizetype done = 0; done < out.size();) {
+            const ssize_t n = write(fds[1], out.constData() + done, size_t(out.size() - done));
+            if (n <= 0)
+                _exit(4);
+            done += n;
+        }
+        _exit(0);
+    }
+    close(fds[1]);
+    QByteArray out;
+    char buffer[4096];
+    for (ssize_t n; (n = read(fds[0], buffer, sizeof buffer)) > 0;)
+        out.append(buffer, n);
+    close(fds[0]);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return std::nullopt;
+    return out;
 }

@@ -3,9 +3,9 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <QVariant>
-
 #include <functional>
 #include <memory>
+#include <optional>
 
 // An isolated world for one test: a profile, a root folder standing in for
 // the system, a home, and a resource folder whose Modules list the test may
@@ -32,6 +32,12 @@ public:
     static QVariantMap categoryRow(const QString &title, const QVariant &url = {},
                                    const QVariant &urls = {}, int state = 0,
                                    const QString &type = QStringLiteral("Folder"));
+
+    // Runs work in a forked child as the unprivileged user "nobody" when this
+    // process is root (so permission checks are real), else as this user, and
+    // gives back what work returned. nullopt when root has no such user to
+    // become or the child failed.
+    static std::optional<QByteArray> runUnprivileged(const std::function<QByteArray()> &work);
 
     // Runs work in a forked child; true when the child ended by a fatal stop.
     static bool endsInFatalStop(const std::function<void()> &work);

@@ -1,0 +1,279 @@
+// The typed junk scanners: the three walk filters, the volume list and its
+// trashes, and the photo cache, on trees built for both profiles.
+#include "cleaner/core/FolderInfo.h"
+#include "cleaner/core/Platform.h"
+#include "cleaner/core/Volumes.h"
+#include "cleaner/scan/JunkFileService.h"
+#include "cleaner/scan/ScanDispatch.h"
+#include "support/ScanRecorder.h"
+#include "support/TestEnvironment.h"
+#include "support/TreeBuilder.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QtTest>
+
+namespace {
+
+// The files of a category as paths below a root, sorted.
+QStringList relativePaths(const QList<FolderInfoPtr> &files, const QString &root)
+{
+    QStringList paths;
+    for (const FolderInfoPtr &f : files)
+        paths << QFile::decodeName(FolderInfo::pathBytes(f->url)).mid(root.size() + 1);
+    paths.sort();
+    return paths;
+}
+
+Category categoryOf(const QString &type, const QStringList &roots, int state = 0)
+{
+    Category c;
+    c.title = type;
+    c.type = type;
+    c.state = state;
+    for (const QString &root : roots)
+        c.urls.append(FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(root))});
+    return c;
+}
+
+MountedVolume volume(const QString &path, const QString &type, bool removable, bool unmountable)
+{
+    return MountedVolume{path, type, removable, true, unmountable};
+}
+
+} // namespace
+
+class TestJunkFileService : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup() { Volumes::setMountedVolumesForTesting(std::nullopt); }
+
+    void systemCacheListsOnlyBelowTheTemporaryRoots()
+    {
+        TestEnvironment env(QStringLiteral("macos"));
+        TreeBuilder tree(env.root() + QStringLiteral("/private/var/folders"));
+        tree.file(QStringLiteral("xy/abc123/T/cache.db"), 10);
+        tree.file(QStringLiteral("xy/abc123/C/com.foo/blob"), 20);
+        tree.file(QStringLiteral("xy/abc123/0/left"), 5);
+        Category c = categoryOf(QStringLiteral("System_Cache"), {tree.root()});
+        ScanDispatch::scan(c, nullptr, nullptr);
+        // The per-user roots (levels 1 to 3) are the system's and never listed.
+        QCOMPARE(
+            relativePaths(c.files, tree.root()),
+            QStringList({QStringLiteral("xy/abc123/0/left"), QStringLiteral("xy/abc123/C/com.foo"),
+                         QStringLiteral("xy/abc123/T/cache.db")}));
+        QCOMPARE(c.size, 35);
+    }
+
+    void systemCacheEntersWhatItCannotRemove()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        tree.file(QStringLiteral("locked/open/junk"), 7);
+        tree.file(QStringLiteral("locked/stuck"), 3);
+        tree.chmod(QStringLiteral("locked/open"), 0777);
+        tree.chmod(QStringLiteral("locked"), 0555);
+        ::chmod(QFile::encodeName(tree.root()).constData(), 0755);
+        const QString root = tree.root() + QStringLiteral("/locked");
+        const auto found = TestEnvironment::runUnprivileged([&] {
+            Category c = categoryOf(QStringLiteral("System_Cache"), {tree.root()});
+            ScanDispatch::scan(c, nullptr, nullptr);
+            return relativePaths(c.files, tree.root()).join(QLatin1Char('\n')).toUtf8();
+        });
+        TreeBuilder::makeRemovable(tree.root());
+        if (!found)
+            QSKIP("root can become no unprivileged user here, and as root every item is removable");
+        // "open" cannot go (its folder is read-only), so the walk looks inside
+        // and finds "junk", which can; "stuck" is a file and is not entered.
+        QCOMPARE(QString::fromUtf8(*found), QStringLiteral("locked/open/junk"));
+        Q_UNUSED(root);
+    }
+
+    void applicationCacheLeavesOutWhatOthersList_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QStringList>("folders");
+        QTest::addColumn<QStringList>("listed");
+        QTest::newRow("macos") << QStringLiteral("macos")
+                               << QStringList{QStringLiteral("com.apple.iTunes"),
+                                              QStringLiteral("com.foo.app")}
+                               << QStringList{QStringLiteral("com.foo.app")};
+        QTest::newRow("linux") << QStringLiteral("linux")
+                               << QStringList{QStringLiteral("thumbnails"),
+                                              QStringLiteral("shotwell"),
+                                              QStringLiteral("evolution"), QStringLiteral("pip")}
+                               << QStringList{QStringLiteral("pip")};
+    }
+    void applicationCacheLeavesOutWhatOthersList()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QStringList, folders);
+        QFETCH(QStringList, listed);
+        TestEnvironment env(profile);
+        TreeBuilder tree;
+        for (const QString &folder : folders)
+            tree.file(folder + QStringLiteral("/deep/data"), 4);
+        Category c = categoryOf(QStringLiteral("App_Cache"), {tree.root()}, 1);
+        ScanDispatch::scan(c, nullptr, nullptr);
+        QCOMPARE(relativePaths(c.files, tree.root()), listed);
+        QCOMPARE(c.size, 4 * listed.size());
+        QCOMPARE(c.files.first()->checked, 1);
+    }
+
+    void volumeTrashes_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("trash");
+        QTest::newRow("macos") << QStringLiteral("macos") << QStringLiteral(".Trashes");
+        QTest::newRow("linux") << QStringLiteral("linux")
+                               << QStringLiteral(".Trash-") + QString::number(Platform::userId());
+    }
+    void volumeTrashes()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, trash);
+        TestEnvironment env(profile);
+        TreeBuilder tree;
+        const QString stick = tree.folder(QStringLiteral("media/STICK"));
+        Volumes::setMountedVolumesForTesting(QList<MountedVolume>{
+            volume(tree.root(), QStringLiteral("ext4"), false, false),
+            volume(stick, QStringLiteral("vfat"), true, true),
+            volume(tree.folder(QStringLiteral("media/MAC")), QStringLiteral("hfsplus"), true, true),
+            volume(tree.folder(QStringLiteral("mnt/disk")), QStringLiteral("ext4"), false, true),
+            volume(tree.folder(QStringLiteral("media/fixed")), QStringLiteral("vfat"), true, false),
+        });
+        const auto usb = JunkFileService::getUSBInfo();
+        QCOMPARE(usb.size(), 1);
+        QCOMPARE(usb.first().first, FolderInfo::urlFromPath(stick + QLatin1Char('/') + trash));
+        QCOMPARE(usb.first().second, QStringLiteral("STICK"));
+
+        // The trash category lists the entries one level inside the trash's
+        // own folders (a user's folder, or "files" and "info").
+        tree.file(QStringLiteral("media/STICK/") + trash + QStringLiteral("/files/old.txt"), 6);
+        tree.file(QStringLiteral("media/STICK/") + trash + QStringLiteral("/files/dir/a"), 4);
+        tree.file(
+            QStringLiteral("media/STICK/") + trash + QStringLiteral("/info/old.txt.trashinfo"), 1);
+        tree.file(QStringLiteral("media/MAC/") + trash + QStringLiteral("/files/never"), 1);
+        Category c = categoryOf(QStringLiteral("TrashBin"), {QStringLiteral("/stale")}, 1);
+        ScanDispatch::scan(c, nullptr, nullptr);
+        const QString base = stick + QLatin1Char('/') + trash;
+        QCOMPARE(relativePaths(c.files, base),
+                 QStringList({QStringLiteral("files/dir"), QStringLiteral("files/old.txt"),
+                              QStringLiteral("info/old.txt.trashinfo")}));
+        QCOMPARE(c.size, 11);
+
+        // Once the stick is gone, so is what its trash held.
+        Volumes::setMountedVolumesForTesting(QList<MountedVolume>{});
+        ScanDispatch::scan(c, nullptr, nullptr);
+        QVERIFY(c.files.isEmpty());
+        QCOMPARE(c.size, 0);
+    }
+
+    void mountTableIsReadFromTheSystem()
+    {
+        TestEnvironment env;
+        TreeBuilder sys(env.root() + QStringLiteral("/sys"));
+        sys.file(QStringLiteral("block/sda/removable"));
+        sys.folder(QStringLiteral("block/sda/sda1"));
+        QFile(sys.path(QStringLiteral("block/sda/removable"))).open(QIODevice::WriteOnly);
+        TreeBuilder(sys.root()).file(QStringLiteral("block/sdb/sdb1/partition"));
+        {
+            QFile f(sys.path(QStringLiteral("block/sdb/removable")));
+            f.open(QIODevice::WriteOnly);
+            f.write("1\n");
+        }
+        // A USB disk says it is fixed, but hangs on a USB bus.
+        sys.file(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc/removable"));
+        sys.folder(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc/sdc1"));
+        sys.symlink(QStringLiteral("block/sdc"),
+                    sys.path(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc")));
+        TreeBuilder proc(env.root() + QStringLiteral("/proc/self"));
+        QFile table(proc.file(QStringLiteral("mountinfo")));
+        table.open(QIODevice::WriteOnly);
+        table.write("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                    "23 22 0:5 / /proc rw,nosuid - proc proc rw\n"
+                    "40 22 8:17 / /media/user/MY\\040STICK rw,nosuid shared:2 - vfat /dev/sdb1 rw\n"
+                    "41 22 8:33 / /media/user/Backup ro,nosuid - exfat /dev/sdc1 ro\n"
+                    "damaged line\n");
+        table.close();
+
+        const QList<MountedVolume> volumes = Volumes::mountedVolumes();
+        QCOMPARE(volumes.size(), 4);
+        QCOMPARE(volumes[0],
+                 (MountedVolume{env.root(), QStringLiteral("ext4"), false, true, false}));
+        QCOMPARE(volumes[1].isRemovable, false);
+        QCOMPARE(volumes[1].isUnmountable, false);
+        QCOMPARE(volumes[2], (MountedVolume{env.root() + QStringLiteral("/media/user/MY STICK"),
+                                            QStringLiteral("vfat"), true, true, true}));
+        QCOMPARE(volumes[2].name(), QStringLiteral("MY STICK"));
+        QCOMPARE(volumes[3], (MountedVolume{env.root() + QStringLiteral("/media/user/Backup"),
+                                            QStringLiteral("exfat"), true, false, true}));
+    }
+
+    void photoCache_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<QStringList>("listed");
+        QTest::newRow("macos")
+            << QStringLiteral("macos")
+            << QStringList{QStringLiteral("Pictures/holiday/resources/media/face/a.jpg"),
+                           QStringLiteral("Pictures/Photos "
+                                          "Library.photoslibrary/resources/media/face/1/f.jpg"),
+                           QStringLiteral("Pictures/Photos "
+                                          "Library.photoslibrary/resources/media/master/m.heic"),
+                           QStringLiteral(
+                               "Pictures/Photos Library.photoslibrary/originals/keep.heic")}
+            << QStringList{QStringLiteral("resources/media/face/1/f.jpg"),
+                           QStringLiteral("resources/media/master/m.heic")};
+        QTest::newRow("linux") << QStringLiteral("linux")
+                               << QStringList{QStringLiteral(".cache/thumbnails/normal/x.png"),
+                                              QStringLiteral(
+                                                  ".cache/shotwell/thumbs/thumbs128/t.jpg"),
+                                              QStringLiteral(".cache/shotwell/data/keep.db")}
+                               << QStringList{QStringLiteral("shotwell/thumbs/thumbs128/t.jpg"),
+                                              QStringLiteral("thumbnails/normal/x.png")};
+    }
+    void photoCache()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QStringList, files);
+        QFETCH(QStringList, listed);
+        TestEnvironment env(profile);
+        TreeBuilder home(env.home());
+        for (const QString &f : files)
+            home.file(f, 8);
+        Category c = categoryOf(QStringLiteral("Photo"), {}, 1);
+        const ScanRecorder seen;
+        ScanDispatch::scan(c, nullptr, seen.showPercent());
+        const QString base =
+            profile == QLatin1String("macos")
+                ? env.home() + QStringLiteral("/Pictures/Photos Library.photoslibrary")
+                : env.home() + QStringLiteral("/.cache");
+        QCOMPARE(relativePaths(c.files, base), listed);
+        QCOMPARE(c.size, 8 * listed.size());
+        for (int i = 0; i < c.files.size(); ++i) {
+            QCOMPARE(c.files[i]->findex, i);
+            QCOMPARE(c.files[i]->checked, 1);
+            QCOMPARE(c.files[i]->icon, QStringLiteral("PhotoCache"));
+        }
+        QTRY_COMPARE(seen->percentPosts, 1);
+        QCOMPARE(seen->percent, 1.0f);
+    }
+
+    void photoCacheWithoutLibraryPostsNothing()
+    {
+        TestEnvironment env(QStringLiteral("macos"));
+        TreeBuilder(env.home()).file(QStringLiteral("Pictures/holiday.jpg"), 3);
+        Category c = categoryOf(QStringLiteral("Photo"), {});
+        const ScanRecorder seen;
+        ScanDispatch::scan(c, seen.progress(), seen.showPercent());
+        QCoreApplication::processEvents();
+        QCOMPARE(seen->percentPosts + seen->paths.size(), 0);
+        QVERIFY(c.files.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestJunkFileService)
+#include "test_junkfileservice.moc"
