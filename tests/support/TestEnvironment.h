@@ -33,12 +33,6 @@ public:
                                    const QVariant &urls = {}, int state = 0,
                                    const QString &type = QStringLiteral("Folder"));
 
-    // Runs work in a forked child as the unprivileged user "nobody" when this
-    // process is root (so permission checks are real), else as this user, and
-    // gives back what work returned. nullopt when root has no such user to
-    // become or the child failed.
-    static std::optional<QByteArray> runUnprivileged(const std::function<QByteArray()> &work);
-
     // Runs work in a forked child; true when the child ended by a fatal stop.
     static bool endsInFatalStop(const std::function<void()> &work);
     // Runs work in a forked child as the unprivileged user "nobody" (when the
