@@ -145,6 +145,30 @@ private slots:
         QCOMPARE(KestalService::scanStatus().value(0), 1);
         QCOMPARE(KestalAutoCleanupService::childModuleIndex(QStringLiteral("Browser Junk")), -1);
     }
+
+    void shippedLinuxTableFindsEachChildsJunk()
+    {
+        TestEnvironment env; // the edition's own module list
+        TreeBuilder home(env.home());
+        home.file(QStringLiteral(".cache/pip/http/blob"), 5);
+        home.file(QStringLiteral(".cache/thumbnails/normal/a.png"), 6);
+        home.file(QStringLiteral(".cache/evolution/mail/1a2b/folders/INBOX/cur/ab/9"), 7);
+        home.file(QStringLiteral(".local/share/Trash/files/old.txt"), 8);
+        auto seen = std::make_shared<Seen>();
+        start(seen);
+        QTRY_COMPARE(KestalService::scanStatus().value(0), -1);
+        const auto firstFiles = [](int module, int category) {
+            QStringList names;
+            for (const FolderInfoPtr &f :
+                 AppModuleService::appModules()[module].categories->at(category).files)
+                names << f->name;
+            return names;
+        };
+        QCOMPARE(firstFiles(1, 0), QStringList{QStringLiteral("pip")}); // listed once, elsewhere
+        QCOMPARE(firstFiles(2, 0), QStringList{QStringLiteral("a.png")});
+        QCOMPARE(firstFiles(3, 0), QStringList{QStringLiteral("9")});
+        QCOMPARE(firstFiles(4, 0), QStringList{QStringLiteral("old.txt")});
+    }
 };
 
 QTEST_GUILESS_MAIN(TestAutoCleanup)
