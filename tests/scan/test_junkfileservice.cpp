@@ -215,42 +215,43 @@ private slots:
         QTest::addColumn<QString>("profile");
         QTest::addColumn<QStringList>("files");
         QTest::addColumn<QStringList>("listed");
-        QTest::newRow("macos")
-            << QStringLiteral("macos")
-            << QStringList{QStringLiteral("Pictures/holiday/resources/media/face/a.jpg"),
-                           QStringLiteral("Pictures/Photos "
-                                          "Library.photoslibrary/resources/media/face/1/f.jpg"),
-                           QStringLiteral("Pictures/Photos "
-                                          "Library.photoslibrary/resources/media/master/m.heic"),
-                           QStringLiteral(
-                               "Pictures/Photos Library.photoslibrary/originals/keep.heic")}
-            << QStringList{QStringLiteral("resources/media/face/1/f.jpg"),
-                           QStringLiteral("resources/media/master/m.heic")};
+        QTest::addColumn<bool>("olderSystem");
+        const QString lib = QStringLiteral("Pictures/Photos Library.photoslibrary/");
+        const QString face = lib + QStringLiteral("resources/media/face/1/f.jpg");
+        const QString master = lib + QStringLiteral("resources/media/master/m.heic");
+        const QString module = lib + QStringLiteral("resources/media/moduleresources/x.jpg");
+        const QString notALibrary = QStringLiteral("Pictures/holiday/resources/media/face/a.jpg");
+        const QString original = lib + QStringLiteral("originals/keep.heic");
+        QTest::newRow("macos") << QStringLiteral("macos")
+                               << QStringList{notALibrary, face, master, module, original}
+                               << QStringList{face, master} << false;
+        // Before 10.12 the library kept its caches in one folder.
+        QTest::newRow("macos before 10.12")
+            << QStringLiteral("macos") << QStringList{face, master, module} << QStringList{module}
+            << true;
+        const QString thumbnail = QStringLiteral(".cache/thumbnails/normal/x.png");
+        const QString shotwell = QStringLiteral(".cache/shotwell/thumbs/thumbs128/t.jpg");
         QTest::newRow("linux") << QStringLiteral("linux")
-                               << QStringList{QStringLiteral(".cache/thumbnails/normal/x.png"),
-                                              QStringLiteral(
-                                                  ".cache/shotwell/thumbs/thumbs128/t.jpg"),
+                               << QStringList{thumbnail, shotwell,
                                               QStringLiteral(".cache/shotwell/data/keep.db")}
-                               << QStringList{QStringLiteral("shotwell/thumbs/thumbs128/t.jpg"),
-                                              QStringLiteral("thumbnails/normal/x.png")};
+                               << QStringList{shotwell, thumbnail} << false;
     }
     void photoCache()
     {
         QFETCH(QString, profile);
         QFETCH(QStringList, files);
         QFETCH(QStringList, listed);
+        QFETCH(bool, olderSystem);
         TestEnvironment env(profile);
+        if (olderSystem)
+            Platform::setSystemVersionForTesting(10, 11);
         TreeBuilder home(env.home());
         for (const QString &f : files)
             home.file(f, 8);
         Category c = categoryOf(QStringLiteral("Photo"), {}, 1);
         const ScanRecorder seen;
         ScanDispatch::scan(c, nullptr, seen.showPercent());
-        const QString base =
-            profile == QLatin1String("macos")
-                ? env.home() + QStringLiteral("/Pictures/Photos Library.photoslibrary")
-                : env.home() + QStringLiteral("/.cache");
-        QCOMPARE(relativePaths(c.files, base), listed);
+        QCOMPARE(relativePaths(c.files, env.home()), listed);
         QCOMPARE(c.size, 8 * listed.size());
         for (int i = 0; i < c.files.size(); ++i) {
             QCOMPARE(c.files[i]->findex, i);
