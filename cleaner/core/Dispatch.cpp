@@ -22,7 +22,9 @@ QObject *mainContext()
 
 void Dispatch::mainAsync(Work work)
 {
-    QMetaObject::invokeMethod(mainContext(), std::move(work), Qt::QueuedConnection);
+    // After the application object is gone a late callback has nobody to tell.
+    if (QCoreApplication *app = QCoreApplication::instance())
+        QMetaObject::invokeMethod(app, std::move(work), Qt::QueuedConnection);
 }
 
 void Dispatch::mainSync(const Work &work)

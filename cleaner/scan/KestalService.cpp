@@ -208,23 +208,18 @@ void KestalService::scan(int modelIndex, Progress progress, ShowPercent showPerc
         return judgeStopScan(modelIndex) || tables().generation.value(modelIndex) != generation;
     };
 
-    Dispatch::globalAsync([modelIndex, progress, showPercent, done, silenced, generation] {
-        for (int ci = 0;; ++ci) {
-            // The array is read afresh for each category: a store step of an
-            // earlier one may have replaced it.
-            std::optional<Category> copy;
-            int count = 0;
-            bool stale = false;
-            Dispatch::mainSync([&] {
-                stale = tables().generation.value(modelIndex) != generation;
-                const auto categories = scanCategory().value(modelIndex);
-                count = categories ? int(categories->size()) : 0;
-                if (ci < count)
-                    copy = (*categories)[ci];
-            });
-            if (stale || !copy)
-                return; // no categories: the timer keeps running and done never comes
-            Category c = std::move(*copy);
+    // The loop works from the categories as they stand now. While it runs,
+    // only its own store steps change this array, and only at the places it
+    // has passed, so this copy is what reading the array afresh would give,
+    // without the scan thread ever touching main-thread state or waiting on
+    // the main loop (which may already have quit).
+    const QList<Category> categories = scanCategory().value(modelIndex).value_or(QList<Category>());
+    if (categories.isEmpty())
+        return; // no categories: the timer keeps running and done never comes
+
+    Dispatch::globalAsync([modelIndex, progress, showPercent, done, silenced, categories] {
+        for (int ci = 0; ci < categories.size(); ++ci) {
+            Category c = categories[ci];
 
             auto accumulated = std::make_shared<float>(0.0f);
             const Progress wrappedProgress = [silenced, progress](const QString &path,

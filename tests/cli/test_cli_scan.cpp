@@ -126,15 +126,16 @@ private slots:
         TestEnvironment env(QStringLiteral("linux"));
         TreeBuilder tree(env.root());
         tree.file("srv/junk/a", 3);
-        env.writeModules(QVariantList{TestEnvironment::moduleRow(
-            "Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
+        env.writeModules(QVariantList{
+            TestEnvironment::moduleRow("Auto", {}),
+            TestEnvironment::moduleRow("Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
         const Run run = cli({"scan", "Custom", "--json"}, environmentFor(env, "linux"));
         QCOMPARE(run.exitCode, 0);
         const QJsonObject module = QJsonDocument::fromJson(run.out).object();
         QCOMPARE(fileNames(categoryNamed(module, "Only")), QStringList({"a"}));
 
         const Run list = cli({"modules", "--json"}, environmentFor(env, "linux"));
-        QCOMPARE(QJsonDocument::fromJson(list.out).array().size(), 1);
+        QCOMPARE(QJsonDocument::fromJson(list.out).array().size(), 2);
     }
 
     void badUsage_data()
