@@ -12,16 +12,23 @@
 
 namespace {
 
-// Module 0 scans its five children at once; each is printed as a module.
-int scanAutoCleanup(bool json)
+// The child modules that module 0's categories name, in their order.
+QList<int> autoCleanupChildren()
 {
     QList<int> children;
-    int pending = 0;
     for (const Category &c : KestalAutoCleanupService::categories().value_or(QList<Category>())) {
         const int module = KestalAutoCleanupService::childModuleIndex(c.title);
-        if (module < 0 || module >= AppModuleService::appModules().size())
-            continue;
-        children << module;
+        if (module >= 0 && module < AppModuleService::appModules().size())
+            children << module;
+    }
+    return children;
+}
+
+// Module 0 scans its children at once; each is printed as a module.
+int scanAutoCleanup(const QList<int> &children, bool json)
+{
+    int pending = 0;
+    for (int module : children) {
         // A child without categories never reports; it is not waited for.
         if (!AppModuleService::appModules()[module]
                  .categories.value_or(QList<Category>())
@@ -104,8 +111,9 @@ int CliCommands::scan(const QStringList &args)
     const int module = resolveModule(rest.first());
     if (module < 0)
         return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
-    if (module == 0)
-        return scanAutoCleanup(json);
+    // Module 0 is Auto Cleanup when its categories name child modules.
+    if (const QList<int> children = autoCleanupChildren(); module == 0 && !children.isEmpty())
+        return scanAutoCleanup(children, json);
 
     const QList<Category> categories =
         AppModuleService::appModules()[module].categories.value_or(QList<Category>());
