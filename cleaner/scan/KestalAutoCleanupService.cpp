@@ -3,6 +3,8 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 
+#include <algorithm>
+
 namespace {
 
 struct AutoState {
@@ -64,6 +66,15 @@ int KestalAutoCleanupService::childModuleIndex(const QString &title)
     return -1;
 }
 
+bool KestalAutoCleanupService::ownsModule(int module)
+{
+    if (module == 0)
+        return true;
+    const QList<Category> cats = categories().value_or(QList<Category>());
+    return std::any_of(cats.begin(), cats.end(),
+                       [module](const Category &c) { return childModuleIndex(c.title) == module; });
+}
+
 void KestalAutoCleanupService::scanAutoCleanup(AutoProgress progress, AutoShowPercent showPercent,
                                                AutoDone done)
 {
@@ -123,10 +134,8 @@ void KestalAutoCleanupService::scanDone(int n, int ci, const AutoDone &done)
 void KestalAutoCleanupService::stopScanAutoCleanup()
 {
     scanStatus()[0] = 2;
-    const QList<Category> cats = categories().value_or(QList<Category>());
-    for (const Category &c : cats) {
-        const int module = childModuleIndex(c.title);
-        if (module >= 0 && scanStatus().value(module) == 1)
+    for (const int module : scanStatus().keys()) {
+        if (module != 0 && ownsModule(module) && scanStatus().value(module) == 1)
             scanStatus()[module] = 2;
     }
 }

@@ -24,6 +24,8 @@ public:
 
     // The child module a module-0 category stands for; -1 for an unknown title.
     static int childModuleIndex(const QString &title);
+    // Module 0 itself, or a child one of its categories names.
+    static bool ownsModule(int module);
     // Starts every child's scan at once. Category number n is the position of
     // the child's category in module 0.
     static void scanAutoCleanup(AutoProgress progress, AutoShowPercent showPercent, AutoDone done);

@@ -147,7 +147,7 @@ bool KestalService::judgeStopScan(int modelIndex)
 
 int KestalService::stopScan(int module)
 {
-    if (scanStatus().value(0) == 1) {
+    if (scanStatus().value(0) == 1 && KestalAutoCleanupService::ownsModule(module)) {
         KestalAutoCleanupService::stopScanAutoCleanup();
         return 0;
     }

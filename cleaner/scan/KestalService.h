@@ -41,8 +41,8 @@ public:
     static void handleEvents(DispatchTimer *timer);
     static bool isStopScan(int moduleIndex);
     static bool judgeStopScan(int modelIndex);
-    // A module's stop action: while Auto Cleanup scans, it owns the module and
-    // the whole of it stops; otherwise the module alone. Returns the module
+    // A module's stop action: while Auto Cleanup scans, it owns module 0 and
+    // its children, and the whole of it stops; otherwise the module alone. Returns the module
     // that was stopped (0 for Auto Cleanup).
     static int stopScan(int module);
     // The index of the row titled "Tools", 0 when there is none.

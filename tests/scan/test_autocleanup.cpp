@@ -113,6 +113,9 @@ private slots:
         writeTable(env, kChildren);
         auto seen = std::make_shared<Seen>();
         start(seen);
+        // A module that is no child keeps its own stop.
+        QCOMPARE(KestalService::stopScan(7), 7);
+        QCOMPARE(KestalService::scanStatus().value(0), 1);
         // A child's own stop while Auto Cleanup runs stops the whole.
         QCOMPARE(KestalService::stopScan(3), 0);
         QCOMPARE(KestalService::scanStatus().value(0), 2);
