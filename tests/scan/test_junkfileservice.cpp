@@ -56,14 +56,16 @@ private slots:
         tree.file(QStringLiteral("xy/abc123/T/cache.db"), 10);
         tree.file(QStringLiteral("xy/abc123/C/com.foo/blob"), 20);
         tree.file(QStringLiteral("xy/abc123/0/left"), 5);
+        tree.fileBytes("xy/abc123/T/caf\xe9\xff", 2); // a name that is not UTF-8
         Category c = categoryOf(QStringLiteral("System_Cache"), {tree.root()});
         ScanDispatch::scan(c, nullptr, nullptr);
         // The per-user roots (levels 1 to 3) are the system's and never listed.
         QCOMPARE(
             relativePaths(c.files, tree.root()),
             QStringList({QStringLiteral("xy/abc123/0/left"), QStringLiteral("xy/abc123/C/com.foo"),
-                         QStringLiteral("xy/abc123/T/cache.db")}));
-        QCOMPARE(c.size, 35);
+                         QStringLiteral("xy/abc123/T/cache.db"),
+                         QFile::decodeName("xy/abc123/T/caf\xe9\xff")}));
+        QCOMPARE(c.size, 37);
     }
 
     void systemCacheEntersWhatItCannotRemove()
