@@ -13,6 +13,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
+#include <QThreadPool>
 #include <cstdio>
 
 namespace {
@@ -57,8 +58,9 @@ bool applySelection(const CleanOptions &o, QString *missing)
             const QList<FolderInfoPtr> files = categories[ci].files;
             for (int fi = 0; fi < files.size(); ++fi) {
                 if (trimmedPath(FolderInfo::pathBytes(files[fi]->url)) == wanted) {
+                    if (!files[fi]->children.isEmpty())
+                        AppModuleService::updateState(1, o.module, ci, fi, -1);
                     AppModuleService::updateState(1, o.module, ci, fi, std::nullopt);
-                    AppModuleService::updateState(1, o.module, ci, fi, -1);
                     found = true;
                 }
                 for (int k = 0; k < files[fi]->children.size(); ++k) {
@@ -118,6 +120,10 @@ bool CliCommands::runScan(int module)
                 QCoreApplication::exit(0);
         });
     QCoreApplication::exec();
+    // The scan's task may still ask the main thread for one more read after
+    // the last category: serve it, or leaving would wait for that task for ever.
+    while (!QThreadPool::globalInstance()->waitForDone(10))
+        QCoreApplication::processEvents();
     bar.finish();
     return true;
 }

@@ -7,6 +7,7 @@
 
 #include <QProcessEnvironment>
 #include <QtEndian>
+#include <pwd.h>
 
 using namespace CleanTest;
 
@@ -89,7 +90,7 @@ private slots:
         auto report = helper.nextSkippingProgress();
         QVERIFY(report);
         QCOMPARE(statuses(*report).value(through), 3);
-        QVERIFY(helper.errors().contains(QLatin1String("symbolic link")));
+        QTRY_VERIFY(helper.errors().contains(QLatin1String("symbolic link")));
         helper.send(deleteCall({link}));
         report = helper.nextSkippingProgress();
         QVERIFY(report);
@@ -105,7 +106,7 @@ private slots:
         QTest::newRow("top-level folder") << QByteArray("/etc");
         QTest::newRow("top-level with slashes") << QByteArray("//usr///");
         QTest::newRow("system folder") << QByteArray("/usr/lib");
-        QTest::newRow("a home") << QFile::encodeName(QDir::homePath());
+        QTest::newRow("a home") << QByteArray(getpwuid(getuid())->pw_dir);
         QTest::newRow("relative") << QByteArray("tmp/x");
         QTest::newRow("climbs out") << QByteArray("/tmp/../etc/passwd");
         QTest::newRow("empty") << QByteArray();
@@ -121,7 +122,7 @@ private slots:
         QVERIFY(report);
         QVERIFY(!report->value(QStringLiteral("args")).toArray().at(0).toBool());
         QCOMPARE(statuses(*report).value(path), 3);
-        QVERIFY(helper.errors().contains(QLatin1String("refused")));
+        QTRY_VERIFY(helper.errors().contains(QLatin1String("refused")));
         QCOMPARE(existsOnDisk(path), existed);
     }
 
@@ -208,7 +209,7 @@ private slots:
         QVERIFY(helper.process.waitForFinished(10000));
         QCOMPARE(helper.process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(helper.process.exitCode(), 0);
-        QVERIFY(helper.errors().contains(QLatin1String("ended inside a message")));
+        QTRY_VERIFY(helper.errors().contains(QLatin1String("ended inside a message")));
     }
 
     void launcherFailureNumbers_data()

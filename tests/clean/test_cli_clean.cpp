@@ -1,0 +1,159 @@
+// brenlow-cli clean, run as a user would run it, in a sandboxed home with
+// every system folder under a built root.
+
+#include "CleanTestSupport.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcessEnvironment>
+
+using namespace CleanTest;
+
+class TestCliClean : public QObject {
+    Q_OBJECT
+
+private:
+    struct Result {
+        int exitCode;
+        QJsonObject json;
+    };
+
+    TreeBuilder *sandbox = nullptr;
+
+    Result cli(const QStringList &args, const QByteArray &input = {})
+    {
+        QProcess p;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), sandbox->path(QStringLiteral("home")));
+        environment.insert(QStringLiteral("BRENLOW_ROOT"), sandbox->path(QStringLiteral("root")));
+        environment.insert(QStringLiteral("BRENLOW_PLATFORM"), QStringLiteral("linux"));
+        environment.insert(QStringLiteral("BRENLOW_RESOURCES"),
+                           QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/resources/linux"));
+        environment.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"), QString());
+        p.setProcessEnvironment(environment);
+        p.start(cliProgram(), args);
+        p.write(input);
+        p.closeWriteChannel();
+        if (!p.waitForFinished(60000))
+            p.kill();
+        return {p.exitCode(), QJsonDocument::fromJson(p.readAllStandardOutput()).object()};
+    }
+
+    // The paths a scan of System Junk (module 1) lists, scanned here with
+    // the same places.
+    QStringList listed()
+    {
+        qputenv("HOME", QFile::encodeName(sandbox->path(QStringLiteral("home"))));
+        qputenv("BRENLOW_ROOT", QFile::encodeName(sandbox->path(QStringLiteral("root"))));
+        qputenv("BRENLOW_PLATFORM", "linux");
+        qputenv("BRENLOW_RESOURCES", BRENLOW_TEST_SOURCE_DIR "/resources/linux");
+        TestEnvironment::resetCaches();
+        const int count = int(AppModuleService::categoriesOf(1).size());
+        bool done = false;
+        KestalService::scan(1, {}, {}, [&](int ci) { done = done || ci + 1 == count; });
+        if (!QTest::qWaitFor([&] { return done; }, 30000))
+            return {QStringLiteral("the scan did not end")};
+        QStringList paths;
+        for (const Category &c : AppModuleService::categoriesOf(1)) {
+            for (const FolderInfoPtr &f : c.files)
+                paths.append(QFile::decodeName(FolderInfo::pathBytes(f->url)));
+        }
+        return paths;
+    }
+
+private slots:
+    void init()
+    {
+        sandbox = new TreeBuilder;
+        sandbox->file(QStringLiteral("home/.cache/app/a"), 300);
+        sandbox->file(QStringLiteral("home/.cache/app/sub/b"), 200);
+        sandbox->file(QStringLiteral("home/.cache/thumbnail ü.png"), 50);
+        sandbox->file(QStringLiteral("home/.local/share/xorg/Xorg.0.log"), 40);
+        sandbox->file(QStringLiteral("home/keep.txt"), 5);
+        sandbox->file(QStringLiteral("root/var/crash/app.crash"), 70);
+        sandbox->file(QStringLiteral("root/var/cache/apt/archives/p.deb"), 90);
+        sandbox->file(QStringLiteral("root/var/lib/systemd/coredump/core.1"), 30);
+        sandbox->file(QStringLiteral("root/var/lib/keep"), 5);
+    }
+    void cleanup()
+    {
+        delete sandbox;
+        KestalService::reset();
+    }
+
+    void cleansExactlyWhatTheScanListed()
+    {
+        const QStringList before = listed();
+        QCOMPARE(before.size(), 6);
+        const QMap<QByteArray, QByteArray> all = snapshot(sandbox->root());
+        const Result r =
+            cli({QStringLiteral("clean"), QStringLiteral("System Junk"), QStringLiteral("--select"),
+                 QStringLiteral("all"), QStringLiteral("--yes"), QStringLiteral("--json")});
+        QCOMPARE(r.exitCode, 0);
+        QCOMPARE(r.json[QStringLiteral("status")].toInt(), 999);
+        QCOMPARE(r.json[QStringLiteral("number")].toInt(), 6);
+        QCOMPARE(r.json[QStringLiteral("size")].toInteger(), 780);
+        QVERIFY(r.json[QStringLiteral("failures")].toArray().isEmpty());
+        for (const QString &p : before)
+            QVERIFY2(!QFileInfo::exists(p), qPrintable(p));
+        // The roots and everything outside them stay.
+        for (const char *kept :
+             {"home/keep.txt", "root/var/lib/keep", "home/.cache", "root/var/crash"})
+            QVERIFY2(QFileInfo::exists(sandbox->path(QLatin1String(kept))), kept);
+        // Nothing else changed but the settings the program keeps.
+        QMap<QByteArray, QByteArray> after = snapshot(sandbox->root());
+        after.removeIf([](const auto &it) { return it.key().startsWith("/home/.config"); });
+        QMap<QByteArray, QByteArray> expected = all;
+        expected.removeIf([&](const auto &it) {
+            const QString path = QFile::decodeName(QFile::encodeName(sandbox->root()) + it.key());
+            return std::any_of(before.begin(), before.end(), [&](const QString &gone) {
+                return path == gone || path.startsWith(gone + QLatin1Char('/'));
+            });
+        });
+        QCOMPARE(after, expected);
+        QVERIFY(listed().isEmpty());
+    }
+
+    void selectsNamedPaths()
+    {
+        const QString one = sandbox->path(QStringLiteral("home/.cache/app"));
+        const Result r =
+            cli({QStringLiteral("clean"), QStringLiteral("System Junk"), QStringLiteral("--select"),
+                 one, QStringLiteral("--yes"), QStringLiteral("--json")});
+        QCOMPARE(r.exitCode, 0);
+        QCOMPARE(r.json[QStringLiteral("number")].toInt(), 1);
+        QCOMPARE(r.json[QStringLiteral("size")].toInteger(), 500);
+        QVERIFY(!QFileInfo::exists(one));
+        QCOMPARE(listed().size(), 5);
+    }
+
+    void refusesBadUsage_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QByteArray>("input");
+        QTest::newRow("path not listed")
+            << QStringList{QStringLiteral("--select"), QStringLiteral("/etc/passwd"),
+                           QStringLiteral("--yes")}
+            << QByteArray();
+        QTest::newRow("not confirmed")
+            << QStringList{QStringLiteral("--select"), QStringLiteral("all")} << QByteArray("n\n");
+        QTest::newRow("no answer")
+            << QStringList{QStringLiteral("--select"), QStringLiteral("all")} << QByteArray();
+    }
+
+    void refusesBadUsage()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QByteArray, input);
+        const int before = int(listed().size());
+        QCOMPARE(
+            cli(QStringList{QStringLiteral("clean"), QStringLiteral("System Junk")} + args, input)
+                .exitCode,
+            1);
+        QCOMPARE(listed().size(), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCliClean)
+#include "test_cli_clean.moc"
