@@ -197,6 +197,39 @@ private slots:
         }
     }
 
+    // A stop after a request went to the helper: the rest is not tried, and
+    // the helper's answer closes the run.
+    void stopAfterAHelperRequest()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        loadSelected(env, tree,
+                     {{QStringLiteral("gone")}, {QStringLiteral("a")}, {QStringLiteral("b")}});
+        QFile::remove(tree.path(QStringLiteral("c0/gone")));
+        // The screen side asks for the stop as the second category ends.
+        struct StopAfterSecond : KestalCleanProtocol {
+            QList<int> cis;
+            std::atomic<bool> closed = false;
+            void done(bool, int ci, int, int, qint64) override
+            {
+                if (ci == 1)
+                    KestalModuleCleanService::setStop(0, true);
+                if (ci == -1)
+                    closed = true;
+                else
+                    cis.append(ci);
+            }
+        };
+        auto screen = std::make_shared<StopAfterSecond>();
+        KestalModuleCleanService::setStop(0, false);
+        KestalModuleCleanService::analysisModule(0, screen);
+        QTRY_VERIFY_WITH_TIMEOUT(screen->closed, 20000);
+        QCOMPARE(screen->cis, (QList<int>{1, 0}));
+        QVERIFY(!QFile::exists(tree.path(QStringLiteral("c1/a"))));
+        QVERIFY(QFile::exists(tree.path(QStringLiteral("c2/b"))));
+        QCOMPARE(AppModuleService::categoriesOf(0)[2].files.size(), 1);
+    }
+
     void receiverRemovedByAnAbsentProgress()
     {
         TestEnvironment env;
@@ -213,6 +246,18 @@ private slots:
         xpc->operation({}, nullptr, qint64(operationType::start), 5);
         QVERIFY(!xpc->hasCustomerProgress(5));
         QCOMPARE(XPCUtil::serviceIdentifier(QStringLiteral("Other")), QString());
+    }
+
+    void editionWithoutAFileNameStops()
+    {
+        TestEnvironment env;
+        QFile info(env.resources() + QStringLiteral("/Info.plist"));
+        info.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        info.write(PropertyList::toXml(
+            QVariantMap{{QStringLiteral("CFBundleName"), QStringLiteral("Brenlow")}}));
+        info.close();
+        XPCUtil::shutdown();
+        QVERIFY(TestEnvironment::endsInFatalStop([] { XPCUtil::instance(); }));
     }
 
     void installFailureTexts_data()

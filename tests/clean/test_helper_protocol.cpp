@@ -126,6 +126,33 @@ private slots:
         QCOMPARE(existsOnDisk(path), existed);
     }
 
+    // A stop ends the module's requests that came before it: the one running
+    // stops between two paths, the one waiting behind it touches nothing.
+    void stopEndsTheModulesRequests()
+    {
+        TreeBuilder tree;
+        QList<QByteArray> many, waiting;
+        for (int i = 0; i < 3000; ++i)
+            many.append(QFile::encodeName(tree.file(QStringLiteral("many/%1").arg(i))));
+        for (int i = 0; i < 3; ++i)
+            waiting.append(QFile::encodeName(tree.file(QStringLiteral("waiting/%1").arg(i))));
+        Peer helper(helperProgram());
+        helper.sendRaw(FrameDecoder::encode(deleteCall(many)) +
+                       FrameDecoder::encode(deleteCall(waiting)) +
+                       FrameDecoder::encode(Wire::call(Wire::helperOperation,
+                                                       {QCborMap(), QCborValue(QCborValue::Null),
+                                                        qint64(operationType::stop), 3})));
+        const auto first = helper.nextSkippingProgress();
+        const auto second = helper.nextSkippingProgress();
+        QVERIFY(first && second);
+        for (int status : statuses(*first))
+            QVERIFY(status == 1 || status == 7);
+        QCOMPARE(statuses(*second).values(), QList<int>(3, 7));
+        QVERIFY(!second->value(QStringLiteral("args")).toArray().at(0).toBool());
+        for (const QByteArray &p : waiting)
+            QVERIFY(existsOnDisk(p));
+    }
+
     void otherKindsAnswerNocause_data()
     {
         QTest::addColumn<qint64>("type");
