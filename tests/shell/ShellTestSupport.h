@@ -1,0 +1,107 @@
+#pragma once
+
+// What the shell's tests share: an isolated world with the shipped
+// resources, a recorder in place of the desktop's web browser, and answers
+// to the modal message boxes the screens open.
+#include "cleaner/core/PropertyList.h"
+#include "cleaner/core/SettingInfo.h"
+#include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/core/UserDefaults.h"
+#include "cleaner/shell/AppDelegate.h"
+#include "cleaner/shell/KestalLeftTableViewController.h"
+#include "cleaner/shell/KestalSuperViewController.h"
+#include "cleaner/shell/UIInfo.h"
+#include "cleaner/shell/Workspace.h"
+#include "support/TestEnvironment.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+#include <memory>
+
+class ShellEnvironment : public TestEnvironment {
+public:
+    explicit ShellEnvironment(const QString &profile = QStringLiteral("linux"))
+        : TestEnvironment(profile)
+    {
+        QStandardPaths::setTestModeEnabled(true);
+        for (const char *key :
+             {"HasLaunchedOnce", "BrenlowSwitchLanguageService", "RecordUsageEventsLocally"})
+            UserDefaults::remove(QLatin1String(key));
+        resetShell();
+        Workspace::setOpenerForTesting([this](const QUrl &url) {
+            opened.append(url);
+            return true;
+        });
+    }
+
+    ~ShellEnvironment()
+    {
+        Workspace::setOpenerForTesting({});
+        AppDelegate::showMainWindow = true;
+        SwitchLanguageService::setUserLanguage(QStringLiteral("en"));
+        UserDefaults::remove(SwitchLanguageService::LocalLanguageKey);
+        resetShell();
+    }
+
+    static void resetShell()
+    {
+        UIInfo::reset();
+        SettingInfo::reset();
+        KestalSuperViewController::reset();
+        KestalLeftTableViewController::currentRow = 0;
+    }
+
+    // Replaces a resource of the edition with a property list of these values.
+    void writeResource(const QString &name, const QVariant &value)
+    {
+        QFile file(resources() + QLatin1Char('/') + name + QStringLiteral(".plist"));
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(PropertyList::toXml(value));
+        file.close();
+        resetShell();
+    }
+
+    QList<QUrl> opened;
+};
+
+// What a message box showed, and which of its buttons was pressed.
+struct MessageBoxSeen {
+    QString title;
+    QString text;
+    QStringList buttons;
+    bool shown = false;
+};
+
+// Answers the next modal message box by pressing the button with this text.
+// Polls from the event loop that the box's own exec() runs, so it needs no
+// fixed wait.
+inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &button)
+{
+    auto seen = std::make_shared<MessageBoxSeen>();
+    auto *poll = new QTimer;
+    poll->setInterval(5);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, seen, button] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        seen->shown = true;
+        seen->title = box->text();
+        seen->text = box->informativeText();
+        for (QAbstractButton *b : box->buttons())
+            seen->buttons.append(b->text());
+        poll->deleteLater();
+        for (QAbstractButton *b : box->buttons()) {
+            if (b->text() == button) {
+                b->click();
+                return;
+            }
+        }
+        box->reject(); // no such button: end the box so that the test fails, not hangs
+    });
+    poll->start();
+    return seen;
+}

@@ -1,0 +1,200 @@
+#include "ShellTestSupport.h"
+#include "cleaner/shell/KestalFirstLoginViewController.h"
+#include "cleaner/shell/NetworkUtil.h"
+
+#include <QJsonDocument>
+#include <QLineEdit>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace {
+
+// A one-shot HTTP server on loopback that records each request and gives
+// the answer it was told.
+class LoopbackServer : public QObject {
+public:
+    struct Request {
+        QByteArray method;
+        QHash<QByteArray, QByteArray> headers;
+        QByteArray body;
+    };
+
+    LoopbackServer(int status, QByteArray body) : m_status(status), m_body(std::move(body))
+    {
+        m_server.listen(QHostAddress::LocalHost);
+        connect(&m_server, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket *socket = m_server.nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { read(socket); });
+        });
+    }
+
+    QUrl url() const
+    {
+        return QUrl(QStringLiteral("http://127.0.0.1:%1/subscribe").arg(m_server.serverPort()));
+    }
+
+    QList<Request> requests;
+
+private:
+    void read(QTcpSocket *socket)
+    {
+        QByteArray &buffer = m_buffers[socket];
+        buffer += socket->readAll();
+        const qsizetype end = buffer.indexOf("\r\n\r\n");
+        if (end < 0)
+            return;
+        Request request;
+        const QList<QByteArray> lines = buffer.left(end).split('\n');
+        request.method = lines.first().split(' ').first();
+        for (const QByteArray &line : lines.mid(1)) {
+            const qsizetype colon = line.indexOf(':');
+            request.headers.insert(line.left(colon).trimmed().toLower(),
+                                   line.mid(colon + 1).trimmed());
+        }
+        const qsizetype length = request.headers.value("content-length").toLongLong();
+        if (buffer.size() < end + 4 + length)
+            return;
+        request.body = buffer.mid(end + 4, length);
+        requests.append(request);
+        socket->write("HTTP/1.1 " + QByteArray::number(m_status) +
+                      " X\r\nContent-Type: application/json\r\n"
+                      "Content-Length: " +
+                      QByteArray::number(m_body.size()) + "\r\nConnection: close\r\n\r\n" + m_body);
+        socket->disconnectFromHost();
+    }
+
+    QTcpServer m_server;
+    int m_status;
+    QByteArray m_body;
+    QHash<QTcpSocket *, QByteArray> m_buffers;
+};
+
+QVariantMap requestAndWait(const QUrl &url, const QString &json)
+{
+    QVariantMap answer;
+    bool done = false;
+    NetworkUtil::ConnectionJSRequest(url, json, [&](const QVariantMap &a) {
+        answer = a;
+        done = true;
+    });
+    if (!QTest::qWaitFor([&] { return done; }, 12000))
+        return {{"timeout", true}};
+    return answer;
+}
+
+} // namespace
+
+class NetworkUtilTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void postsJsonAndReadsTheAnswer()
+    {
+        LoopbackServer server(200, R"({"success": true, "id": 7})");
+        const QVariantMap answer = requestAndWait(server.url(), R"({"email":"a@b.cd"})");
+        QCOMPARE(answer.value("success"), QVariant(true));
+        QCOMPARE(answer.value("id").toInt(), 7);
+        QCOMPARE(server.requests.size(), 1);
+        const auto &request = server.requests.first();
+        QCOMPARE(request.method, QByteArray("POST"));
+        QCOMPARE(request.headers.value("content-type"), QByteArray("application/json"));
+        QVERIFY(request.headers.value("accept-encoding").contains("gzip"));
+        QCOMPARE(request.body, QByteArray(R"({"email":"a@b.cd"})"));
+    }
+
+    void failuresBecomeAnErrorText_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("bad status") << 500 << QByteArray("{}") << "Connect Error! ErrorCode:500";
+        QTest::newRow("not found") << 404 << QByteArray("{}") << "Connect Error! ErrorCode:404";
+        QTest::newRow("no JSON") << 200 << QByteArray("<html>") << "Connect Error! Parse Error!";
+        QTest::newRow("JSON but no object")
+            << 200 << QByteArray("[1]") << "Connect Error! Parse Error!";
+    }
+
+    void failuresBecomeAnErrorText()
+    {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        QFETCH(QString, error);
+        LoopbackServer server(status, body);
+        const QVariantMap answer = requestAndWait(server.url(), "{}");
+        QCOMPARE(answer, (QVariantMap{{"error", error}}));
+    }
+
+    void noServerIsATransportError()
+    {
+        QTcpServer closed;
+        QVERIFY(closed.listen(QHostAddress::LocalHost));
+        const quint16 port = closed.serverPort();
+        closed.close();
+        const QVariantMap answer =
+            requestAndWait(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(port)), "{}");
+        QVERIFY(answer.value("error").toString().startsWith(
+            "Connect Error! Connection Process Error:"));
+    }
+
+    void addressPattern_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<bool>("valid");
+        QTest::newRow("plain") << "jane.doe@example.com" << true;
+        QTest::newRow("sub domain") << "a_b-c@mail.example.co.uk" << true;
+        QTest::newRow("capitals") << "Jane@example.com" << false;
+        QTest::newRow("no at") << "jane.example.com" << false;
+        QTest::newRow("long ending") << "jane@example.abcdefg" << false;
+        QTest::newRow("plus") << "jane+news@example.com" << false;
+        QTest::newRow("blank") << "jane doe@example.com" << false;
+    }
+
+    void addressPattern()
+    {
+        QFETCH(QString, address);
+        QFETCH(bool, valid);
+        QCOMPARE(KestalFirstLoginViewController::isValidAddress(address), valid);
+    }
+
+    void firstRunWindowSubscribes()
+    {
+        ShellEnvironment env;
+        LoopbackServer server(200, R"({"success": true})");
+        env.writeResource("BrenlowSetting",
+                          QVariantMap{{"sendEmail_link", server.url().toString()}});
+        KestalFirstLoginViewController window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.windowTitle(), QString("Hi! Nice to Meet You - Brenlow"));
+        QCOMPARE(window.emailField()->placeholderText(), QString("Enter your email"));
+
+        auto seen = answerNextMessageBox("OK");
+        QTest::mouseClick(window.sendButton(), Qt::LeftButton);
+        QCOMPARE(seen->title, QString("ERROR"));
+        QCOMPARE(seen->text, QString("The email address can't be empty!"));
+
+        window.emailField()->setText("Jane@Example.com");
+        seen = answerNextMessageBox("OK");
+        QTest::mouseClick(window.sendButton(), Qt::LeftButton);
+        QCOMPARE(seen->text, QString("The input format is incorrect!"));
+        QVERIFY(window.sendButton()->isEnabled());
+
+        QSignalSpy answered(&window, &KestalFirstLoginViewController::subscriptionAnswered);
+        window.emailField()->setText("jane@example.com");
+        seen = answerNextMessageBox("OK");
+        QTest::mouseClick(window.sendButton(), Qt::LeftButton);
+        QCOMPARE(seen->title, QString("Success"));
+        QCOMPARE(seen->text, QString("Thanks for Subscribing!"));
+        QVERIFY(!window.sendButton()->isEnabled());
+        QVERIFY(answered.wait(12000));
+        QCOMPARE(answered.first().first().toMap().value("success"), QVariant(true));
+        QCOMPARE(server.requests.size(), 1);
+        QCOMPARE(QJsonDocument::fromJson(server.requests.first().body).toVariant().toMap(),
+                 (QVariantMap{{"email", "jane@example.com"}}));
+    }
+};
+
+QTEST_MAIN(NetworkUtilTest)
+#include "test_network_util.moc"
