@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMutex>
@@ -281,4 +282,21 @@ QString Platform::mailIndexName()
 QString Platform::mailAttachmentsFolder()
 {
     return isMacOS() ? QStringLiteral("/Data/Attachments") : QStringLiteral("/folders/");
+}
+
+QString Platform::mailAccountName(const QString &folderName)
+{
+    if (isMacOS())
+        return folderName;
+    // Evolution names its cache folders after the account's source file.
+    QFile source(homeDirectory() + QStringLiteral("/.config/evolution/sources/") + folderName +
+                 QStringLiteral(".source"));
+    if (source.open(QIODevice::ReadOnly)) {
+        while (!source.atEnd()) {
+            const QString line = QString::fromUtf8(source.readLine()).trimmed();
+            if (line.startsWith(QLatin1String("DisplayName=")) && line.size() > 12)
+                return line.mid(12);
+        }
+    }
+    return folderName;
 }

@@ -85,6 +85,9 @@ public:
     // What the path of a removable mail file holds after its account folder:
     // "/Data/Attachments" on macOS, "/folders/" (cached messages) on Linux.
     static QString mailAttachmentsFolder();
+    // The name the user gave a mail account kept in a folder of that name
+    // (Linux: Evolution's source of the account), or the folder's name.
+    static QString mailAccountName(const QString &folderName);
 
     // The design's version checks ask for 10.12 or later; both profiles stand
     // for current systems, so this is true unless a test says otherwise.

@@ -255,7 +255,7 @@ std::optional<QList<QList<MailAccount>>> mailAccounts(const QString &folder)
         while (e->next()) {
             const QString name = pathOf(ResourceValues::lastComponent(e->path()));
             if (e->isDirectory())
-                accounts.append({folder + name, name});
+                accounts.append({folder + name, Platform::mailAccountName(name)});
         }
         groups.append(accounts);
         return groups;

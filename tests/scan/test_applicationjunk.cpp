@@ -277,12 +277,17 @@ private slots:
         mail.file(QStringLiteral("1a2b/folders/INBOX/cur/ab/17"), 80);
         mail.file(QStringLiteral("1a2b/folders.db"), 40);
         mail.file(QStringLiteral("trash-note"), 1);
+        writeFile(env.home() + QStringLiteral("/.config/evolution/sources/1a2b.source"),
+                  "[Data Source]\nDisplayName=me@example.org\nEnabled=true\n");
         Category c;
         c.type = QStringLiteral("Mail");
         c.url.url = QStringLiteral("file://") + mail.root(); // no trailing slash
-        ScanDispatch::scan(c, nullptr, nullptr);
+        const ScanRecorder seen;
+        ScanDispatch::scan(c, seen.progress(), nullptr);
         QCOMPARE(names(c.files), QStringList{QStringLiteral("17")});
         QCOMPARE(c.size, 80);
+        QTRY_VERIFY(
+            seen->paths.contains(QStringLiteral("Scanning Mail Attachments From me@example.org")));
     }
 
     void deviceBackups()
