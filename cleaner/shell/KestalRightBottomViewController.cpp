@@ -72,8 +72,6 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
 
     m_overViewScanBtn->setVisible(status == viewStatus::overview);
     m_overViewScanBtn->setEnabled(canScan());
-    m_overViewScanBtn->setToolTip(
-        canScan() ? QString() : getLocalizedString(QStringLiteral("Available in a later version")));
     m_rescanBtn->setVisible(status == viewStatus::scandone_Empty ||
                             status == viewStatus::scandone_NoEmpty);
 
@@ -87,7 +85,11 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
                               byteString(CategoryTotals::instanceTotalSize(m_moduleIndex)));
         break;
     default:
-        m_statusText->clear();
+        if (canScan())
+            m_statusText->clear();
+        else
+            m_statusText->setText(
+                getLocalizedString(QStringLiteral("Available in a later version")));
         break;
     }
 }

@@ -44,8 +44,8 @@ void applyButton(QAbstractButton *btn, const QString &title, const MyUI &myui,
     btn->setFont(UIInfo::fontOf(myui));
     btn->setCursor(Qt::PointingHandCursor);
     const QColor text = UIInfo::textColor(myui);
-    QColor disabled = text;
-    disabled.setAlphaF(text.alphaF() * 0.45f);
+    // Every button of the product looks the same when it cannot be used.
+    const MyUI &disabled = UIInfo::nsMyUI(QStringLiteral("disabled_button_font"));
     const int radius = qMax(4, btn->minimumHeight() / 2);
     btn->setStyleSheet(
         QStringLiteral(
@@ -53,10 +53,11 @@ void applyButton(QAbstractButton *btn, const QString &title, const MyUI &myui,
             " padding: 0 22px; }"
             "QAbstractButton:hover { border-color: %1; }"
             "QAbstractButton:pressed { padding-top: 2px; }"
-            "QAbstractButton:disabled { color: %5; }")
+            "QAbstractButton:disabled { color: %5; background: %6; border-color: %6; }")
             .arg(UIUtil::cssColor(text), backgroundCss(myui), border)
             .arg(radius)
-            .arg(UIUtil::cssColor(disabled)));
+            .arg(UIUtil::cssColor(UIInfo::textColor(disabled)),
+                 UIUtil::cssColor(UIInfo::buttonColor(disabled))));
 }
 
 QMessageBox *messageBox(const QString &question, const QString &text, QMessageBox::Icon icon)

@@ -1,7 +1,7 @@
 // Renders the main window to PNG files for the documentation and for review:
 // each module's overview, in each language asked for.
 //
-//   brenlow-screenshots OUTPUT_DIR [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE] OUTPUT_DIR [LANGUAGE...]
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/shell/AppDelegate.h"
@@ -36,9 +36,15 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brenlow"));
-    const QStringList args = QApplication::arguments().mid(1);
+    QStringList args = QApplication::arguments().mid(1);
+    QString only;
+    if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
+        only = args.at(1);
+        args = args.mid(2);
+    }
     if (args.isEmpty()) {
-        QTextStream(stderr) << "usage: brenlow-screenshots OUTPUT_DIR [LANGUAGE...]\n";
+        QTextStream(stderr)
+            << "usage: brenlow-screenshots [--module TITLE] OUTPUT_DIR [LANGUAGE...]\n";
         return 1;
     }
     const QString out = args.first();
@@ -63,14 +69,15 @@ int main(int argc, char *argv[])
         if (QAction *item = delegate.languageItem(language))
             item->trigger();
         for (int moduleIndex : AppModuleService::leftListRows()) {
-            if (modules.at(moduleIndex).isHeader())
+            if (modules.at(moduleIndex).isHeader() ||
+                (!only.isEmpty() && modules.at(moduleIndex).title != only))
                 continue;
             root->leftTable()->selectModule(moduleIndex);
             settle();
             const QString name =
                 QStringLiteral("%1/%2-%3%4.png")
                     .arg(out, language, fileStem(modules.at(moduleIndex).title), suffix);
-            window->grab().save(name);
+            window->grab().save(name, "PNG", 0); // smallest files
             QTextStream(stdout) << name << '\n';
         }
     }
