@@ -72,7 +72,8 @@ public:
             const QFont detailFont = UIInfo::nsFont(QStringLiteral("left_list_detail_font"));
             const int width = QFontMetrics(detailFont).horizontalAdvance(detail);
             painter->setFont(detailFont);
-            painter->setPen(UIInfo::nsColor(QStringLiteral("left_list_detail_font")));
+            painter->setPen(UIInfo::nsColor(selected ? QStringLiteral("left_list_selected_font")
+                                                     : QStringLiteral("left_list_detail_font")));
             painter->drawText(textRect, Qt::AlignRight | Qt::AlignVCenter, detail);
             textRect.setRight(textRect.right() - width - 8);
         }

@@ -112,6 +112,7 @@ void KestalRightBottomViewController::overViewScanAction()
         return;
     KestalService::scanTotalSize()[m_moduleIndex] = 0;
     KestalService::scanningPercent()[m_moduleIndex] = 0;
+    m_doneCategories = 0;
     topChild()->changeViewStatus(viewStatus::scanning);
     showCategoryOnScan(0);
     updateReScanView(viewStatus::scanning);
@@ -146,9 +147,12 @@ void KestalRightBottomViewController::rescanAction()
 
 void KestalRightBottomViewController::updateScanningPercent(float percent)
 {
-    // The driver reports the percent of the current category so far.
-    KestalService::scanningPercent()[m_moduleIndex] = percent;
+    // The driver reports the percent of the current category so far; the
+    // module's own percent, which its row shows, counts the finished ones.
+    KestalService::scanningPercent()[m_moduleIndex] =
+        (float(m_doneCategories) * 100.0f + percent) / float(qMax(1, m_cateCount));
     topChild()->updateProgress(percent);
+    emit moduleRowChanged(m_moduleIndex);
 }
 
 void KestalRightBottomViewController::updateScanningProgress(const QString &path, qint64 size)
@@ -161,6 +165,7 @@ void KestalRightBottomViewController::updateScanningProgress(const QString &path
 
 void KestalRightBottomViewController::updateScanningDone(int doneNum, int cateCount)
 {
+    m_doneCategories = doneNum + 1;
     if (cateCount - 1 == doneNum) {
         const qint64 size = CategoryTotals::instanceTotalSize(m_moduleIndex);
         const viewStatus to = size < 1 ? viewStatus::scandone_Empty : viewStatus::scandone_NoEmpty;

@@ -52,6 +52,7 @@ private:
     int m_moduleIndex;
     QString m_tab;
     int m_cateCount = 0;
+    int m_doneCategories = 0;
     viewStatus m_status = viewStatus::overview;
     KestalRightSplitController *m_split;
 
