@@ -118,6 +118,10 @@ private slots:
         auto *overview = root->rightSplit()->topSwitch()->overViewAndScan(1);
         auto *bar = root->rightSplit()->bottomSwitch()->barOfModule(1);
         auto *junkRow = root->leftTable()->item(root->leftTable()->rowOfModule(1));
+        // The shipped table: the two headings stand at left-list rows 1 and 7.
+        QCOMPARE(root->leftTable()->item(1)->text(), QString("Cleanup"));
+        QCOMPARE(root->leftTable()->item(7)->text(), QString("Tools"));
+        QVERIFY(root->leftTable()->isHeaderRow(1) && root->leftTable()->isHeaderRow(7));
         QCOMPARE(overview->titleLabel()->text(), QString("System Junk"));
         QCOMPARE(bar->overViewScanBtn()->text(), QString("Scan"));
         QCOMPARE(junkRow->text(), QString("System Junk"));
@@ -136,6 +140,7 @@ private slots:
         QVERIFY(title != QLatin1String("System Junk"));
         QCOMPARE(overview->titleLabel()->text(), title);
         QCOMPARE(junkRow->text(), title);
+        QCOMPARE(root->leftTable()->item(7)->text(), getLocalizedString("Tools"));
         QCOMPARE(bar->overViewScanBtn()->text(), getLocalizedString("Scan"));
         QVERIFY(bar->overViewScanBtn()->text() != QLatin1String("Scan"));
         QCOMPARE(delegate.menus().at(2)->title(), getLocalizedString("Help"));
