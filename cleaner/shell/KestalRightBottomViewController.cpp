@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
@@ -18,6 +19,8 @@
 namespace {
 
 constexpr int buttonHeight = 40;
+// Auto Cleanup scans the junk modules instead of roots of its own.
+constexpr int autoCleanupModule = 0;
 constexpr int buttonWidth = 148;
 
 QPushButton *barButton(QWidget *parent)
@@ -106,9 +109,10 @@ KestalRightTopOverViewAndScanViewController *KestalRightBottomViewController::to
 
 void KestalRightBottomViewController::overViewScanAction()
 {
-    // A second press of a scan that already runs sees another title.
+    // A second press of a scan that already runs sees another title; a
+    // module that Auto Cleanup is scanning waits for it.
     if (!canScan() || m_overViewScanBtn->text() != getLocalizedString(QStringLiteral("Scan")) ||
-        m_status != viewStatus::overview)
+        m_status != viewStatus::overview || KestalService::scanStatus().value(m_moduleIndex) == 1)
         return;
     KestalService::scanTotalSize()[m_moduleIndex] = 0;
     KestalService::scanningPercent()[m_moduleIndex] = 0;
@@ -118,6 +122,17 @@ void KestalRightBottomViewController::overViewScanAction()
     updateReScanView(viewStatus::scanning);
     updateScanningPercent(0);
 
+    if (m_moduleIndex == autoCleanupModule)
+        startAutoCleanupScan();
+    else
+        startModuleScan();
+    FabricController::fabric(
+        FabricEvent::scanButton,
+        FabricEvent::getScanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::startModuleScan()
+{
     QPointer<KestalRightBottomViewController> bar(this);
     const int cateCount = m_cateCount;
     KestalService::scan(
@@ -134,9 +149,35 @@ void KestalRightBottomViewController::overViewScanAction()
             if (bar)
                 bar->updateScanningDone(categoryIndex, cateCount);
         });
-    FabricController::fabric(
-        FabricEvent::scanButton,
-        FabricEvent::getScanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::startAutoCleanupScan()
+{
+    // The children scan at once, so the progress is the share of children done.
+    QPointer<KestalRightBottomViewController> bar(this);
+    const int cateCount = m_cateCount;
+    KestalAutoCleanupService::scanAutoCleanup(
+        [bar](const QString &path, qint64 size, int) {
+            if (bar)
+                bar->updateScanningProgress(path, size);
+        },
+        nullptr,
+        [bar, cateCount](int categoryNumber, int, bool finished) {
+            if (!bar || categoryNumber < 0)
+                return;
+            if (KestalService::scanStatus().value(autoCleanupModule) == -1) {
+                bar->updateScanningDone(cateCount - 1, cateCount);
+                return;
+            }
+            if (!finished)
+                return;
+            ++bar->m_doneCategories;
+            bar->topChild()->updateProgress(float(bar->m_doneCategories) * 100.0f /
+                                            float(qMax(1, cateCount)));
+            KestalService::scanningPercent()[autoCleanupModule] =
+                float(bar->m_doneCategories) * 100.0f / float(qMax(1, cateCount));
+            emit bar->moduleRowChanged(autoCleanupModule);
+        });
 }
 
 void KestalRightBottomViewController::rescanAction()

@@ -45,6 +45,8 @@ protected:
 
 private:
     bool isOnScreen() const;
+    void startModuleScan();
+    void startAutoCleanupScan();
     // Resets the progress and names the category the scan is on.
     void showCategoryOnScan(int categoryIndex);
     KestalRightTopOverViewAndScanViewController *topChild() const;

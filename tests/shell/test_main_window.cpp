@@ -164,6 +164,32 @@ private slots:
                      viewStatus::scandone_NoEmpty);
         QCOMPARE(CategoryTotals::instanceTotalSize(1), size);
     }
+
+    // Auto Cleanup's Scan runs its five junk modules and shows what they found together.
+    void autoCleanupScansTheJunkModules()
+    {
+        m_window.reset();
+        m_env->useShippedResources();
+        TestEnvironment::resetCaches();
+        ShellEnvironment::resetShell();
+        TreeBuilder home(m_env->home());
+        home.file(".cache/someapp/blob.bin", 40000);
+        home.file(".local/share/Trash/files/old.txt", 6000);
+        home.file(".local/share/Trash/info/old.txt.trashinfo", 60);
+        m_window.reset(KestalRootViewController::instantiateMainWindow());
+        m_root = KestalRootViewController::rootOf(m_window.get());
+        m_window->show();
+
+        auto *bar = right()->bottomSwitch()->barOfModule(0);
+        QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
+        QCOMPARE(bar->status(), viewStatus::scanning);
+        QTRY_COMPARE_WITH_TIMEOUT(KestalSuperViewController::currentStatus("AutoCleanup"),
+                                  viewStatus::scandone_NoEmpty, 20000);
+        for (int child = 1; child <= 5; ++child)
+            QCOMPARE(KestalService::scanStatus().value(child), -1);
+        QVERIFY(CategoryTotals::instanceTotalSize(0) >= 46000);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(0));
+    }
 };
 
 QTEST_MAIN(MainWindowTest)
