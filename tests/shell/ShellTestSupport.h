@@ -22,6 +22,17 @@
 #include <QtTest>
 #include <memory>
 
+// Gives this test process a home of its own for the whole run, and opens
+// the user settings there before any test changes the home: tests never
+// touch the user's settings, nor those of a test process running beside.
+inline void isolateUserSettings()
+{
+    static QTemporaryDir home;
+    qputenv("HOME", QFile::encodeName(home.path()));
+    QStandardPaths::setTestModeEnabled(true);
+    UserDefaults::value(QStringLiteral("HasLaunchedOnce"));
+}
+
 class ShellEnvironment : public TestEnvironment {
 public:
     explicit ShellEnvironment(const QString &profile = QStringLiteral("linux"))

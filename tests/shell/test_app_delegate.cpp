@@ -36,6 +36,8 @@ class AppDelegateTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { isolateUserSettings(); }
+
     // The first launch opens the installation page of the system's language,
     // before and apart from the interface language, which a stored choice
     // decides; the window then opens in that language.

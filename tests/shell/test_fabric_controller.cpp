@@ -26,6 +26,8 @@ class FabricControllerTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { isolateUserSettings(); }
+
     void init()
     {
         QStandardPaths::setTestModeEnabled(true);

@@ -66,6 +66,8 @@ private:
     QWidget *barOnScreen() const { return right()->bottomSwitch()->currentWidget(); }
 
 private slots:
+    void initTestCase() { isolateUserSettings(); }
+
     void init()
     {
         m_env = std::make_unique<ShellEnvironment>();

@@ -88,7 +88,7 @@ class NetworkUtilTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+    void initTestCase() { isolateUserSettings(); }
 
     void postsJsonAndReadsTheAnswer()
     {

@@ -10,6 +10,8 @@ class UIInfoTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { isolateUserSettings(); }
+
     void substringRulesDecideWhatAStyleHolds()
     {
         ShellEnvironment env;
