@@ -6,7 +6,6 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brenlow"));
-    QApplication::setOrganizationName(QStringLiteral("Brenlow"));
     QApplication::setDesktopFileName(QStringLiteral("brenlow"));
     AppDelegate delegate;
     delegate.applicationDidFinishLaunching();
