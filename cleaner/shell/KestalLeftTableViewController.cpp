@@ -170,6 +170,12 @@ void KestalLeftTableViewController::refreshRow(int moduleIndex)
     it->setData(DetailRole, detail);
 }
 
+QString KestalLeftTableViewController::detailOfModule(int moduleIndex) const
+{
+    const QListWidgetItem *it = item(rowOfModule(moduleIndex));
+    return it ? it->data(DetailRole).toString() : QString();
+}
+
 void KestalLeftTableViewController::reloadTexts()
 {
     const QList<Module> &modules = AppModuleService::appModules();

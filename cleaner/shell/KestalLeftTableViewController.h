@@ -20,6 +20,8 @@ public:
     void selectModule(int moduleIndex);
     // Redraws a module's row (a scan's progress or its result).
     void refreshRow(int moduleIndex);
+    // The short status at the right of a module's row ("42%", "3.0 MB").
+    QString detailOfModule(int moduleIndex) const;
     // Sets every row's text again in the interface language.
     void reloadTexts();
 

@@ -144,6 +144,12 @@ private slots:
         QTRY_COMPARE(KestalSuperViewController::currentStatus("Found"),
                      viewStatus::scandone_NoEmpty);
 
+        // The module that finished off screen changed only its row.
+        QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(2));
+        QCOMPARE(left()->detailOfModule(1),
+                 KestalSuperViewController::byteString(CategoryTotals::instanceTotalSize(1)));
+        QCOMPARE(left()->detailOfModule(2), QString());
+
         auto *emptyMessage = right()->topSwitch()->showMessage(2);
         QCOMPARE(topOnScreen(), emptyMessage);
         QCOMPARE(emptyMessage->titleLabel()->text(), QString("Nothing to Clean"));
