@@ -35,13 +35,17 @@ ServiceTool::ServiceTool() : m_channel(0, 1)
 
 ServiceTool::~ServiceTool()
 {
-    if (m_helper) {
-        // Closing its input ends the helper once its queue is done.
-        m_helper->closeWriteChannel();
-        if (!m_helper->waitForFinished(10000))
-            m_helper->kill();
-        m_helper->waitForFinished(1000);
-    }
+    QProcess *helper = std::exchange(m_helper, nullptr);
+    if (!helper)
+        return;
+    // Its end is no news any more; closing its input ends the helper once
+    // its queue is done.
+    QObject::disconnect(helper, nullptr, nullptr, nullptr);
+    helper->closeWriteChannel();
+    if (!helper->waitForFinished(10000))
+        helper->kill();
+    helper->waitForFinished(1000);
+    delete helper;
 }
 
 QString ServiceTool::helperPath()

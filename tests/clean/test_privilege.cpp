@@ -107,8 +107,8 @@ private slots:
         for (const QString &p : t.locked)
             QVERIFY(QFileInfo::exists(p));
         QVERIFY(!QFileInfo::exists(t.free.first()));
-        for (const cleanFolder &entry :
-             KestalModuleCleanService::cleanInfoDict().value(0)[0].folders)
+        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(0);
+        for (const cleanFolder &entry : plan[0].folders)
             QCOMPARE(entry.status, 8);
         QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(qint64(7), 1));
         QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
@@ -133,8 +133,8 @@ private slots:
         QCOMPARE(run.status, 999);
         QCOMPARE(KestalService::cleanningCompletedStatus().value(0).value(0),
                  (CleanTriple{3, 0, 0}));
-        for (const cleanFolder &entry :
-             KestalModuleCleanService::cleanInfoDict().value(0)[0].folders)
+        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(0);
+        for (const cleanFolder &entry : plan[0].folders)
             QCOMPARE(entry.status, 3);
         QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
     }
