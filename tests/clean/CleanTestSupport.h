@@ -222,6 +222,20 @@ public:
     // Names of raw bytes are beyond the tree builder's own unlocking.
     ~RandomClean() { unlock(QFile::encodeName(tree.root())); }
 
+    // One whole round: a tree, a selection, a clean of module 0, the checks.
+    static void cleanAndVerify(quint32 seed, bool lockSome)
+    {
+        TestEnvironment env;
+        RandomClean random(seed);
+        random.build(env, lockSome);
+        random.select();
+        CleanRun run;
+        run.start(0);
+        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+        QCOMPARE(run.status, 999);
+        random.verify();
+    }
+
     // `lockSome`: some folders lose their write right, so what is in them
     // needs the helper.
     void build(TestEnvironment &env, bool lockSome)
