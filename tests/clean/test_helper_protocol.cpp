@@ -239,6 +239,56 @@ private slots:
         QTRY_VERIFY(helper.errors().contains(QLatin1String("ended inside a message")));
     }
 
+    // A recorded session: each request ("> " and its CBOR in hex, after a
+    // comment line in diagnostic notation) must draw exactly the recorded
+    // answers ("< "), byte for byte, so the wire form cannot drift unseen.
+    // BRENLOW_RECORD_TRANSCRIPT=1 writes the file afresh from the requests below.
+    void recordedTranscript()
+    {
+        const QString file =
+            QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/tests/clean/helper-transcript.txt");
+        if (qEnvironmentVariableIsSet("BRENLOW_RECORD_TRANSCRIPT")) {
+            const QList<QCborMap> requests = {
+                deleteCall({"/nonexistent-brenlow/a", "/nonexistent-brenlow/b\xff"}),
+                deleteCall({"/", "relative/path", "/usr/../etc"}),
+                deleteCall({"/nonexistent-brenlow/c"}, qint64(operationType::shredder)),
+                Wire::call(Wire::connectWithEndpoint, {}, 5),
+                Wire::call(Wire::helperOperation,
+                           {QCborMap(), QCborValue(QCborValue::Null), 32, 1}),
+                Wire::call(Wire::exitWithCode, {QStringLiteral("zero")}),
+            };
+            Peer helper(helperProgram());
+            QFile out(file);
+            QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            for (const QCborMap &request : requests) {
+                helper.send(request);
+                const auto answer = helper.next();
+                QVERIFY(answer);
+                for (const auto &[mark, m] : {std::pair{"> ", request}, std::pair{"< ", *answer}}) {
+                    out.write("# " + m.toCborValue().toDiagnosticNotation().toUtf8() + "\n");
+                    out.write(mark + m.toCborValue().toCbor().toHex() + "\n");
+                }
+            }
+        }
+        QFile in(file);
+        QVERIFY(in.open(QIODevice::ReadOnly));
+        Peer helper(helperProgram());
+        int answers = 0;
+        for (const QByteArray &line : in.readAll().split('\n')) {
+            if (line.startsWith("> ")) {
+                helper.sendRaw(FrameDecoder::encode(
+                    QCborValue::fromCbor(QByteArray::fromHex(line.mid(2))).toMap()));
+            } else if (line.startsWith("< ")) {
+                const auto answer = helper.next();
+                QVERIFY(answer);
+                QCOMPARE(answer->toCborValue().toCbor().toHex(), line.mid(2));
+                ++answers;
+            }
+        }
+        QCOMPARE(answers, 6);
+        stillServes(helper);
+    }
+
     void launcherFailureNumbers_data()
     {
         QTest::addColumn<QString>("launcher");
