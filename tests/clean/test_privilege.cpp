@@ -6,7 +6,9 @@
 #include "CleanTestSupport.h"
 
 #include <QProcessEnvironment>
+#include <cstdio>
 #include <cstdlib>
+#include <sys/wait.h>
 
 using namespace CleanTest;
 
@@ -201,7 +203,14 @@ int main(int argc, char *argv[])
             QByteArray("bash '" BRENLOW_TEST_SOURCE_DIR
                        "/tests/clean/setup-privilege.sh' '" BRENLOW_TEST_BINARY_DIR "' '") +
             kDest + "' '" + self + "'";
-        if (std::system(setup.constData()) == 0) {
+        const int status = std::system(setup.constData());
+        // Root without sudo or runuser skips; any other failure of the set-up
+        // must not pass as a skip.
+        if (!WIFEXITED(status) || (WEXITSTATUS(status) != 0 && WEXITSTATUS(status) != 77)) {
+            std::fprintf(stderr, "the privilege set-up failed (status %d)\n", status);
+            return 1;
+        }
+        if (WEXITSTATUS(status) == 0) {
             // Run again as the test user, from the copy it can read.
             QList<QByteArray> args = {
                 "runuser",
