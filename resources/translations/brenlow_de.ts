@@ -12,12 +12,12 @@
             <translation>Erneut scannen</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>In einer späteren Version verfügbar</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>Gefunden: </translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>In einer späteren Version verfügbar</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Mailanhänge werden gescannt aus</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Möchten Sie die ausgewählten Dateien wirklich löschen?</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>Fertig</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>Bereinigt</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>Gesamt</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>

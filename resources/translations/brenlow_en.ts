@@ -12,12 +12,12 @@
             <translation>Re-Scan</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>Available in a later version</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>Found </translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Available in a later version</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Scanning Mail Attachments From</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Are you sure to delete selected files?</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Failed</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>Done</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>Cleaned</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>Total</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>

@@ -12,12 +12,12 @@
             <translation>Volver a analizar</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>Disponible en una versión posterior</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>Encontrado: </translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Disponible en una versión posterior</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Analizando adjuntos de correo de</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>¿Seguro que quieres eliminar los archivos seleccionados?</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Error</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>Hecho</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>Limpiado</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>Total</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>

@@ -12,12 +12,12 @@
             <translation>Analyser à nouveau</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>Disponible dans une version ultérieure</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>Trouvé : </translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>Disponible dans une version ultérieure</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Analyse des pièces jointes de</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Voulez-vous vraiment supprimer les fichiers sélectionnés ?</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Échec</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>Terminé</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>Nettoyé</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>Total</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>

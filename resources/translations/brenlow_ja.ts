@@ -12,12 +12,12 @@
             <translation>再スキャン</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>今後のバージョンで利用可能</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>検出: </translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>今後のバージョンで利用可能</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>メールの添付ファイルをスキャン中:</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>選択したファイルを削除してもよろしいですか？</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失敗</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>完了</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>クリーンアップ済み</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>合計</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>

@@ -12,12 +12,12 @@
             <translation>重新掃描</translation>
         </message>
         <message>
-            <source>Available in a later version</source>
-            <translation>將於日後版本提供</translation>
-        </message>
-        <message>
             <source>Found </source>
             <translation>找到：</translation>
+        </message>
+        <message>
+            <source>Available in a later version</source>
+            <translation>將於日後版本提供</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -226,6 +226,26 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>正在掃描郵件附件：</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>確定要刪除選取的檔案嗎？</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失敗</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>完成</translation>
+        </message>
+        <message>
+            <source>Cleaned</source>
+            <translation>已清理</translation>
+        </message>
+        <message>
+            <source>Total</source>
+            <translation>總計</translation>
         </message>
         <message>
             <source>Auto Cleanup</source>
