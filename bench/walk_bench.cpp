@@ -6,7 +6,6 @@
 #include "cleaner/core/ModuleTypes.h"
 
 #include <QCoreApplication>
-
 #include <cstdio>
 #include <cstring>
 

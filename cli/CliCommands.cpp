@@ -9,7 +9,6 @@
 #include <QJsonDocument>
 #include <QLocale>
 #include <QTextStream>
-
 #include <cstdio>
 
 void CliCommands::printOut(const QString &text)
@@ -62,7 +61,9 @@ int CliCommands::modules(const QStringList &args)
             o.insert(QStringLiteral("description"), m.description);
             array.append(o);
         } else if (!m.isHeader()) {
-            printOut(QStringLiteral("%1  %2  %3\n").arg(i, 2).arg(getLocalizedString(m.title), -22)
+            printOut(QStringLiteral("%1  %2  %3\n")
+                         .arg(i, 2)
+                         .arg(getLocalizedString(m.title), -22)
                          .arg(getLocalizedString(m.description)));
         }
     }

@@ -28,10 +28,8 @@ QJsonObject JsonOutput::category(const Category &c)
     for (const FolderInfoPtr &f : c.files)
         files.append(node(*f));
     return QJsonObject{
-        {QStringLiteral("title"), c.title},
-        {QStringLiteral("size"), c.size},
-        {QStringLiteral("state"), c.state},
-        {QStringLiteral("type"), c.type},
+        {QStringLiteral("title"), c.title}, {QStringLiteral("size"), c.size},
+        {QStringLiteral("state"), c.state}, {QStringLiteral("type"), c.type},
         {QStringLiteral("files"), files},
     };
 }

@@ -1,7 +1,6 @@
 #include "cli/ProgressBar.h"
 
 #include <QLocale>
-
 #include <cstdio>
 #include <unistd.h>
 
@@ -19,12 +18,16 @@ void ProgressBar::update(double fraction, qint64 bytes, const QString &path)
     fraction = std::clamp(fraction, 0.0, 1.0);
     constexpr int width = 30;
     const int filled = int(fraction * width);
-    const QString bar = QString(filled, QLatin1Char('#')) + QString(width - filled, QLatin1Char('-'));
+    const QString bar =
+        QString(filled, QLatin1Char('#')) + QString(width - filled, QLatin1Char('-'));
     QString shown = path;
     if (shown.size() > 40)
         shown = QStringLiteral("...") + shown.right(37);
-    const QString line = QStringLiteral("\r[%1] %2% %3  %4").arg(bar).arg(int(fraction * 100), 3)
-                             .arg(QLocale::system().formattedDataSize(bytes), 10).arg(shown, -40);
+    const QString line = QStringLiteral("\r[%1] %2% %3  %4")
+                             .arg(bar)
+                             .arg(int(fraction * 100), 3)
+                             .arg(QLocale::system().formattedDataSize(bytes), 10)
+                             .arg(shown, -40);
     std::fputs(line.toLocal8Bit().constData(), stderr);
     std::fflush(stderr);
 }

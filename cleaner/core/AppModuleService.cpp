@@ -6,7 +6,6 @@
 #include "cleaner/core/PropertyList.h"
 
 #include <QSet>
-
 #include <memory>
 
 namespace {
@@ -105,7 +104,8 @@ Category &categoryAt(int moduleIndex, int categoryIndex)
 FolderInfoPtr &fileAt(Category &c, int fileIndex)
 {
     if (fileIndex < 0 || fileIndex >= c.files.size())
-        fatalStop(QStringLiteral("file index %1 out of range in \"%2\"").arg(fileIndex).arg(c.title));
+        fatalStop(
+            QStringLiteral("file index %1 out of range in \"%2\"").arg(fileIndex).arg(c.title));
     return c.files[fileIndex];
 }
 
@@ -213,11 +213,12 @@ QList<Module> AppModuleService::parseModules(const QVariant &root)
         m.description = requiredString(map, "description", where);
         const QVariant features = map.value(QStringLiteral("features"));
         if (features.typeId() != QMetaType::QVariantList)
-            fatalStop(where + QStringLiteral(": required key \"features\" is missing or not an array"));
+            fatalStop(where +
+                      QStringLiteral(": required key \"features\" is missing or not an array"));
         for (const QVariant &f : features.toList()) {
             const QVariantMap fm = f.toMap();
-            m.features.append({requiredString(fm, "image", where),
-                               requiredString(fm, "description", where)});
+            m.features.append(
+                {requiredString(fm, "image", where), requiredString(fm, "description", where)});
         }
         if (map.contains(QStringLiteral("categories")))
             m.categories = parseCategories(map.value(QStringLiteral("categories")).toList(), where);

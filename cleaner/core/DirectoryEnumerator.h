@@ -3,7 +3,6 @@
 #include "cleaner/core/ResourceValues.h"
 
 #include <QByteArray>
-
 #include <memory>
 #include <vector>
 
@@ -23,7 +22,8 @@ public:
     };
 
     // nullptr when the root cannot be opened as a folder (missing, a link, unreadable).
-    static std::unique_ptr<DirectoryEnumerator> create(const QByteArray &rootPath, int options = NoOptions);
+    static std::unique_ptr<DirectoryEnumerator> create(const QByteArray &rootPath,
+                                                       int options = NoOptions);
     ~DirectoryEnumerator();
     DirectoryEnumerator(const DirectoryEnumerator &) = delete;
     DirectoryEnumerator &operator=(const DirectoryEnumerator &) = delete;

@@ -6,7 +6,6 @@
 #include <QThread>
 #include <QThreadPool>
 #include <QTimer>
-
 #include <vector>
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QVariant>
-
 #include <functional>
 #include <memory>
 

@@ -65,7 +65,8 @@ int FileRemoval::removeContents(int dirFd)
             continue;
         }
         if (S_ISDIR(st.st_mode)) {
-            const int fd = openat(dirfd(dir), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+            const int fd =
+                openat(dirfd(dir), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
             if (fd < 0) {
                 firstError = firstError ? firstError : errno;
                 continue;
@@ -102,7 +103,8 @@ int FileRemoval::removeItemAt(int parentFd, const QByteArray &name)
     if (fstatat(parentFd, name.constData(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
         result = errno;
     } else if (S_ISDIR(st.st_mode)) {
-        const int fd = openat(parentFd, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        const int fd =
+            openat(parentFd, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
         if (fd < 0) {
             result = errno;
         } else {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-
 #include <cerrno>
 
 // Removal of an item and everything below it without ever following a

@@ -7,7 +7,6 @@
 
 #include <QFile>
 #include <QMimeDatabase>
-
 #include <cerrno>
 #include <cstdio>
 #include <dirent.h>
@@ -36,18 +35,16 @@ FolderInfo::FolderInfo(int findex, QString name, QString icon, qint64 size, QCol
       color(std::move(color)), isFolder(isFolder), date(std::move(date)), url(std::move(url)),
       isPackage(isPackage), children(std::move(children)), hidden(hidden), checked(checked),
       dbNumber(std::move(dbNumber))
-{
-}
+{}
 
 FolderInfoPtr FolderInfo::make(int findex, QString name, QString icon, qint64 size, QColor color,
                                bool isFolder, QDateTime date, QUrl url, bool isPackage,
                                QList<FolderInfoPtr> children, bool hidden, int checked,
                                QString dbNumber)
 {
-    return std::make_shared<FolderInfo>(findex, std::move(name), std::move(icon), size,
-                                        std::move(color), isFolder, std::move(date), std::move(url),
-                                        isPackage, std::move(children), hidden, checked,
-                                        std::move(dbNumber));
+    return std::make_shared<FolderInfo>(
+        findex, std::move(name), std::move(icon), size, std::move(color), isFolder, std::move(date),
+        std::move(url), isPackage, std::move(children), hidden, checked, std::move(dbNumber));
 }
 
 QString FolderInfo::iconName() const
@@ -106,11 +103,11 @@ void FolderInfo::postPercent(const ShowPercent &showPercent, float value)
 
 FolderInfoPtr FolderInfo::nodeFromValues(const ResourceValues &values, int findex, int checked)
 {
-    return make(findex, values.localizedName, QString(), values.fileSize.value_or(0), QColor(),
-                values.isDirectory,
-                values.contentModificationDate.isValid() ? values.contentModificationDate
-                                                         : distantPast(),
-                urlFromPath(values.path), values.isPackage, {}, values.isHidden, checked, QString());
+    return make(
+        findex, values.localizedName, QString(), values.fileSize.value_or(0), QColor(),
+        values.isDirectory,
+        values.contentModificationDate.isValid() ? values.contentModificationDate : distantPast(),
+        urlFromPath(values.path), values.isPackage, {}, values.isHidden, checked, QString());
 }
 
 namespace {
@@ -208,7 +205,8 @@ ChildrenInfo FolderInfo::filterChildrenOfDirectory(const FolderUrl &folderURL,
 {
     ChildrenInfo info;
     const QUrl url(folderURL.url);
-    auto e = DirectoryEnumerator::create(pathBytes(url), DirectoryEnumerator::SkipsPackageDescendants);
+    auto e =
+        DirectoryEnumerator::create(pathBytes(url), DirectoryEnumerator::SkipsPackageDescendants);
     if (!e)
         return info;
     while (e->next()) {
@@ -319,7 +317,8 @@ qint64 fastSize(int dirFd)
         if (fstatat(dirfd(dir), name, &st, AT_SYMLINK_NOFOLLOW) != 0)
             continue;
         if (S_ISDIR(st.st_mode)) {
-            const int fd = openat(dirfd(dir), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+            const int fd =
+                openat(dirfd(dir), name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
             if (fd >= 0)
                 total += fastSize(fd);
         } else {
@@ -339,8 +338,9 @@ qint64 FolderInfo::fastFolderSizeAtFSRef(const QString &theFilePath)
     return fd < 0 ? 0 : fastSize(fd);
 }
 
-QHash<QString, qint64> FolderInfo::getFolderUsageWithFilter(
-    const QUrl &url, const std::function<bool(const QString &)> &filter)
+QHash<QString, qint64>
+FolderInfo::getFolderUsageWithFilter(const QUrl &url,
+                                     const std::function<bool(const QString &)> &filter)
 {
     QHash<QString, qint64> usage;
     auto e = DirectoryEnumerator::create(pathBytes(url),
@@ -349,8 +349,9 @@ QHash<QString, qint64> FolderInfo::getFolderUsageWithFilter(
         const ResourceValues &values = e->values();
         if (filter && filter(values.localizedName))
             continue;
-        usage.insert(values.localizedName, values.isDirectory ? getFolderSize(urlFromPath(values.path))
-                                                              : values.fileSize.value_or(0));
+        usage.insert(values.localizedName, values.isDirectory
+                                               ? getFolderSize(urlFromPath(values.path))
+                                               : values.fileSize.value_or(0));
     }
     return usage;
 }

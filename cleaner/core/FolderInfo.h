@@ -8,7 +8,6 @@
 #include <QList>
 #include <QString>
 #include <QUrl>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -26,7 +25,8 @@ using WalkFilter = std::function<bool(const QUrl &url, DirectoryEnumerator &enum
 
 // The verdict of a filter of filesFromDirWithFilter.
 enum class FilterType { SkipSelf, SkipChildren, SkipSelfAndChildren, NoSkip };
-using TypeFilter = std::function<FilterType(const ResourceValues &values, DirectoryEnumerator &enumerator)>;
+using TypeFilter =
+    std::function<FilterType(const ResourceValues &values, DirectoryEnumerator &enumerator)>;
 
 // The result of a directory walk.
 struct ChildrenInfo {
@@ -54,8 +54,8 @@ public:
     QString dbNumber;
 
     FolderInfo(int findex, QString name, QString icon, qint64 size, QColor color, bool isFolder,
-               QDateTime date, QUrl url, bool isPackage, QList<FolderInfoPtr> children,
-               bool hidden, int checked, QString dbNumber);
+               QDateTime date, QUrl url, bool isPackage, QList<FolderInfoPtr> children, bool hidden,
+               int checked, QString dbNumber);
     FolderInfo() = delete;
     virtual ~FolderInfo() = default;
 
@@ -79,21 +79,25 @@ public:
     static QByteArray pathBytes(const QUrl &url);
 
     // The walks. Progress and percent callbacks are posted to the main queue.
-    static FolderInfoPtr folderInfo(const FolderUrl &url, bool includeChildren, const Progress &progress);
+    static FolderInfoPtr folderInfo(const FolderUrl &url, bool includeChildren,
+                                    const Progress &progress);
     static FolderInfoPtr filterFolderInfo(const FolderUrl &url, bool includeChildren,
                                           const Progress &progress, const WalkFilter &filter);
     static ChildrenInfo childrenOfDirectory(const FolderUrl &folderURL, const Progress &progress);
-    static ChildrenInfo filterChildrenOfDirectory(const FolderUrl &folderURL, const Progress &progress,
+    static ChildrenInfo filterChildrenOfDirectory(const FolderUrl &folderURL,
+                                                  const Progress &progress,
                                                   const WalkFilter &filter);
     static ChildrenInfo filesFromDirWithFilter(const FolderUrl &folderURL, const Progress &progress,
-                                               const ShowPercent &showPercent, const TypeFilter &filter);
+                                               const ShowPercent &showPercent,
+                                               const TypeFilter &filter);
     static qint64 getFolderSize(const QUrl &url);
     static qint64 fastFolderSizeAtFSRef(const QString &theFilePath);
-    static QHash<QString, qint64> getFolderUsageWithFilter(const QUrl &url,
-                                                           const std::function<bool(const QString &)> &filter);
+    static QHash<QString, qint64>
+    getFolderUsageWithFilter(const QUrl &url, const std::function<bool(const QString &)> &filter);
     static void asyncGetFolderSize(const QUrl &url, std::function<void(qint64)> doneCalculating);
-    static void asyncGetFolderUsageWithFilter(const QUrl &url, std::function<bool(const QString &)> filter,
-                                              std::function<void(QHash<QString, qint64>)> doneCalculating);
+    static void
+    asyncGetFolderUsageWithFilter(const QUrl &url, std::function<bool(const QString &)> filter,
+                                  std::function<void(QHash<QString, qint64>)> doneCalculating);
     static QString getUserHomeDirectory();
     // Plain removal, when the parent folder allows it; false on any failure.
     static bool deleteFile(const QUrl &url);

@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QList>
 #include <QString>
-
 #include <optional>
 
 // One root of a category: a file URL string, its scan type, and the check

@@ -2,10 +2,8 @@
 
 #include <QDateTime>
 #include <QFile>
-
-#include <plist/plist.h>
-
 #include <cstdlib>
+#include <plist/plist.h>
 
 namespace {
 

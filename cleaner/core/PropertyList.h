@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <QVariant>
-
 #include <optional>
 
 // Reads XML and binary property lists into Qt values: dictionaries become

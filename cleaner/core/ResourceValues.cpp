@@ -2,22 +2,35 @@
 
 #include <QMimeDatabase>
 #include <QStringDecoder>
-
 #include <fcntl.h>
 
 namespace {
 
 // Bundle extensions: such a directory is shown and removed as one item.
 constexpr const char *kPackageExtensions[] = {
-    ".app",    ".bundle",   ".framework", ".plugin", ".kext",   ".photoslibrary",
-    ".appex",  ".prefPane", ".qlgenerator", ".mdimporter", ".saver", ".xpc",
-    ".pkg",    ".mpkg",     ".rtfd",      ".wdgt",   ".safariextension", ".download",
+    ".app",
+    ".bundle",
+    ".framework",
+    ".plugin",
+    ".kext",
+    ".photoslibrary",
+    ".appex",
+    ".prefPane",
+    ".qlgenerator",
+    ".mdimporter",
+    ".saver",
+    ".xpc",
+    ".pkg",
+    ".mpkg",
+    ".rtfd",
+    ".wdgt",
+    ".safariextension",
+    ".download",
 };
 
 QDateTime dateOf(const struct timespec &ts)
 {
-    return QDateTime::fromMSecsSinceEpoch(qint64(ts.tv_sec) * 1000 + ts.tv_nsec / 1000000,
-                                          Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(qint64(ts.tv_sec) * 1000 + ts.tv_nsec / 1000000, Qt::UTC);
 }
 
 } // namespace

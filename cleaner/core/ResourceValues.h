@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
-
 #include <optional>
 #include <sys/stat.h>
 
@@ -11,8 +10,8 @@
 // the raw bytes the file system gave, so a name that is not valid UTF-8 can
 // still be found and removed; the display name is decoded from it.
 struct ResourceValues {
-    QByteArray path;          // absolute path, raw bytes
-    QString localizedName;    // display name
+    QByteArray path;                // absolute path, raw bytes
+    QString localizedName;          // display name
     std::optional<qint64> fileSize; // absent for a directory
     bool isRegularFile = false;
     bool isDirectory = false;

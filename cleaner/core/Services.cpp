@@ -1,7 +1,6 @@
 #include "cleaner/core/Services.h"
 
 #include <QStringDecoder>
-
 #include <optional>
 
 namespace {

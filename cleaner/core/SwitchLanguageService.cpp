@@ -13,8 +13,8 @@ std::unique_ptr<QTranslator> g_bundle;
 // The compiled table of a language, embedded in the program.
 QString tablePath(const QString &language)
 {
-    return QStringLiteral(":/i18n/brenlow_") + QString(language).replace(QLatin1Char('-'), QLatin1Char('_')) +
-           QStringLiteral(".qm");
+    return QStringLiteral(":/i18n/brenlow_") +
+           QString(language).replace(QLatin1Char('-'), QLatin1Char('_')) + QStringLiteral(".qm");
 }
 
 void loadBundle(const QString &language)
@@ -29,7 +29,8 @@ void loadBundle(const QString &language)
 
 } // namespace
 
-const QString SwitchLanguageService::LocalLanguageKey = QStringLiteral("BrenlowSwitchLanguageService");
+const QString SwitchLanguageService::LocalLanguageKey =
+    QStringLiteral("BrenlowSwitchLanguageService");
 const QStringList SwitchLanguageService::languages = {
     QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("es"),
     QStringLiteral("fr"), QStringLiteral("de"), QStringLiteral("zh-Hant")};

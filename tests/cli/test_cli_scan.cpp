@@ -25,8 +25,8 @@ Run cli(const QStringList &args, const QProcessEnvironment &env)
     p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/cli/brenlow-cli"), args);
     if (!p.waitForFinished(60000))
         qFatal("brenlow-cli did not finish");
-    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput(),
-               p.readAllStandardError()};
+    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
+               p.readAllStandardOutput(), p.readAllStandardError()};
 }
 
 QProcessEnvironment environmentFor(const TestEnvironment &env, const QString &profile)
@@ -128,7 +128,8 @@ private slots:
         tree.file("srv/junk/a", 3);
         env.writeModules(QVariantList{
             TestEnvironment::moduleRow("Auto", {}),
-            TestEnvironment::moduleRow("Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
+            TestEnvironment::moduleRow(
+                "Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
         const Run run = cli({"scan", "Custom", "--json"}, environmentFor(env, "linux"));
         QCOMPARE(run.exitCode, 0);
         const QJsonObject module = QJsonDocument::fromJson(run.out).object();

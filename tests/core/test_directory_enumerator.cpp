@@ -17,7 +17,8 @@ QStringList walk(const TreeBuilder &tree, int options,
         return {QStringLiteral("<none>")};
     const qsizetype prefix = QFile::encodeName(tree.root()).size() + 1;
     while (e->next()) {
-        items << QString::fromUtf8(e->path().mid(prefix)) + QLatin1Char('@') + QString::number(e->level());
+        items << QString::fromUtf8(e->path().mid(prefix)) + QLatin1Char('@') +
+                     QString::number(e->level());
         if (each)
             each(*e);
     }
@@ -39,7 +40,8 @@ private slots:
         t.file("a/x", 1);
         t.file("top", 1);
         QCOMPARE(walk(t, DirectoryEnumerator::NoOptions),
-                 QStringList({"a/b/c/deep@4", "a/b/c@3", "a/b/leaf@3", "a/b@2", "a/x@2", "a@1", "top@1"}));
+                 QStringList(
+                     {"a/b/c/deep@4", "a/b/c@3", "a/b/leaf@3", "a/b@2", "a/x@2", "a@1", "top@1"}));
         // skipDescendants keeps the walk out of the item returned last only.
         QCOMPARE(walk(t, DirectoryEnumerator::NoOptions,
                       [](DirectoryEnumerator &e) {
@@ -48,7 +50,8 @@ private slots:
                       }),
                  QStringList({"a/b@2", "a/x@2", "a@1", "top@1"}));
         // Asking to skip a file is harmless.
-        QCOMPARE(walk(t, DirectoryEnumerator::NoOptions, [](DirectoryEnumerator &e) { e.skipDescendants(); }),
+        QCOMPARE(walk(t, DirectoryEnumerator::NoOptions,
+                      [](DirectoryEnumerator &e) { e.skipDescendants(); }),
                  QStringList({"a@1", "top@1"}));
     }
 
@@ -63,7 +66,8 @@ private slots:
                                 << QStringList({"Tool.app/Contents/bin@3", "Tool.app/Contents@2",
                                                 "Tool.app@1", "d/f@2", "d@1"});
         QTest::newRow("packages") << int(DirectoryEnumerator::SkipsPackageDescendants)
-                                  << QStringList({".hid/in@2", ".hid@1", "Tool.app@1", "d/f@2", "d@1"});
+                                  << QStringList(
+                                         {".hid/in@2", ".hid@1", "Tool.app@1", "d/f@2", "d@1"});
         QTest::newRow("subdirectories") << int(DirectoryEnumerator::SkipsSubdirectoryDescendants)
                                         << QStringList({".hid@1", "Tool.app@1", "d@1"});
         QTest::newRow("all three") << int(DirectoryEnumerator::SkipsHiddenFiles |

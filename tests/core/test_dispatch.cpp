@@ -90,7 +90,8 @@ private slots:
         QCOMPARE(info.toInt(), 7);
 
         int once = 0;
-        QPointer<DispatchTimer> single = DispatchTimer::scheduled(1, false, {}, [&](DispatchTimer *) { ++once; });
+        QPointer<DispatchTimer> single =
+            DispatchTimer::scheduled(1, false, {}, [&](DispatchTimer *) { ++once; });
         QTRY_VERIFY(!single);
         QCOMPARE(once, 1);
     }

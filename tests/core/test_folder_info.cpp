@@ -6,7 +6,6 @@
 
 #include <QFile>
 #include <QtTest>
-
 #include <sys/stat.h>
 
 namespace {
@@ -56,9 +55,10 @@ private slots:
         t.file("root/sub/y", 1000);
         t.file("root/App.app/Contents/z", 7);
         QList<QPair<QString, qint64>> progress;
-        const FolderInfoPtr node = FolderInfo::folderInfo(
-            rootOf(t, "root", 1), true,
-            [&](const QString &path, qint64 size) { progress.append({path, size}); });
+        const FolderInfoPtr node = FolderInfo::folderInfo(rootOf(t, "root", 1), true,
+                                                          [&](const QString &path, qint64 size) {
+                                                              progress.append({path, size});
+                                                          });
         QVERIFY(node);
         QCOMPARE(names(node->children), QStringList({".hidden", "App.app", "a.txt", "sub"}));
         QCOMPARE(node->size, 1122);
@@ -95,7 +95,8 @@ private slots:
         QVERIFY(!FolderInfo::folderInfo(rootOf(t, "link"), true, {}));
         QVERIFY(!FolderInfo::folderInfo(rootOf(t, "gone"), true, {}));
         QVERIFY(!FolderInfo::folderInfo(FolderUrl{}, true, {}));
-        QVERIFY(!FolderInfo::folderInfo(FolderUrl{QStringLiteral("http://example.org/"), {}, 0}, true, {}));
+        QVERIFY(!FolderInfo::folderInfo(FolderUrl{QStringLiteral("http://example.org/"), {}, 0},
+                                        true, {}));
         QCOMPARE(FolderInfo::childrenOfDirectory(rootOf(t, "gone"), {}).children.size(), 0);
     }
 
@@ -105,12 +106,16 @@ private slots:
         t.file("r/l1/l2/keep/inner/f", 40);
         t.file("r/l1/l2/keep/g", 2);
         t.file("r/l1/other", 1);
-        const WalkFilter atLevel3 = [](const QUrl &, DirectoryEnumerator &e) { return e.level() == 3; };
-        const ChildrenInfo info = FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, atLevel3);
+        const WalkFilter atLevel3 = [](const QUrl &, DirectoryEnumerator &e) {
+            return e.level() == 3;
+        };
+        const ChildrenInfo info =
+            FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, atLevel3);
         QCOMPARE(names(info.children), QStringList({"keep"}));
         QCOMPARE(info.children.first()->size, 42);
         QCOMPARE(info.totalSize, 42);
-        const FolderInfoPtr viaRoot = FolderInfo::filterFolderInfo(rootOf(t, "r"), true, {}, atLevel3);
+        const FolderInfoPtr viaRoot =
+            FolderInfo::filterFolderInfo(rootOf(t, "r"), true, {}, atLevel3);
         QCOMPARE(viaRoot->size, 42);
         // A filter may prune the walk itself.
         const WalkFilter prune = [](const QUrl &url, DirectoryEnumerator &e) {
@@ -120,17 +125,22 @@ private slots:
             }
             return true;
         };
-        QVERIFY(FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, prune).children.isEmpty());
+        QVERIFY(
+            FolderInfo::filterChildrenOfDirectory(rootOf(t, "r"), {}, prune).children.isEmpty());
     }
 
     void filesFromDirWithFilterVerdicts_data()
     {
         QTest::addColumn<int>("verdictForFolders");
         QTest::addColumn<QStringList>("expected");
-        QTest::newRow("keep everything") << int(FilterType::NoSkip) << QStringList({"a", "b", "f1", "f2"});
-        QTest::newRow("folders left out, walked") << int(FilterType::SkipSelf) << QStringList({"f1", "f2"});
-        QTest::newRow("folders kept, not walked") << int(FilterType::SkipChildren) << QStringList({"a", "f1"});
-        QTest::newRow("folders neither") << int(FilterType::SkipSelfAndChildren) << QStringList({"f1"});
+        QTest::newRow("keep everything")
+            << int(FilterType::NoSkip) << QStringList({"a", "b", "f1", "f2"});
+        QTest::newRow("folders left out, walked")
+            << int(FilterType::SkipSelf) << QStringList({"f1", "f2"});
+        QTest::newRow("folders kept, not walked")
+            << int(FilterType::SkipChildren) << QStringList({"a", "f1"});
+        QTest::newRow("folders neither")
+            << int(FilterType::SkipSelfAndChildren) << QStringList({"f1"});
     }
     void filesFromDirWithFilterVerdicts()
     {
@@ -162,7 +172,12 @@ private slots:
         QList<QPair<QString, qint64>> calls;
         qint64 total = 0;
         const ChildrenInfo info = FolderInfo::filesFromDirWithFilter(
-            rootOf(t, "r"), [&](const QString &p, qint64 s) { calls.append({p, s}); total += s; }, {},
+            rootOf(t, "r"),
+            [&](const QString &p, qint64 s) {
+                calls.append({p, s});
+                total += s;
+            },
+            {},
             [](const ResourceValues &v, DirectoryEnumerator &) {
                 return v.isDirectory ? FilterType::SkipSelf : FilterType::NoSkip;
             });
@@ -248,13 +263,20 @@ private slots:
     {
         QTest::addColumn<QString>("input");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("blank") << "file:///Users/a/My%20File.txt" << "/Users/a/My File.txt";
-        QTest::newRow("escapes") << "file:///tmp/caf%C3%A9" << "/tmp/café";
-        QTest::newRow("plain path") << "/already/plain" << "/already/plain";
-        QTest::newRow("every file://") << "file://file:///x" << "/x";
-        QTest::newRow("bad escape") << "file:///tmp/%zz" << "";
-        QTest::newRow("cut escape") << "file:///tmp/%4" << "";
-        QTest::newRow("not UTF-8") << "file:///tmp/%FF" << "";
+        QTest::newRow("blank") << "file:///Users/a/My%20File.txt"
+                               << "/Users/a/My File.txt";
+        QTest::newRow("escapes") << "file:///tmp/caf%C3%A9"
+                                 << "/tmp/café";
+        QTest::newRow("plain path") << "/already/plain"
+                                    << "/already/plain";
+        QTest::newRow("every file://") << "file://file:///x"
+                                       << "/x";
+        QTest::newRow("bad escape") << "file:///tmp/%zz"
+                                    << "";
+        QTest::newRow("cut escape") << "file:///tmp/%4"
+                                    << "";
+        QTest::newRow("not UTF-8") << "file:///tmp/%FF"
+                                   << "";
     }
     void handleString()
     {

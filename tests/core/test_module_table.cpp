@@ -48,9 +48,10 @@ private slots:
     {
         QFETCH(QString, profile);
         TestEnvironment env(profile);
-        const QStringList titles = {"Auto Cleanup", "System Junk", "Photo Cache", "Mail Trash",
-                                    "Trash Bin", "iTunes Junk", "Duplicates", "Large and Old Files",
-                                    "Similar Images", "Uninstaller", "Eraser", "Privacy", "Extensions"};
+        const QStringList titles = {
+            "Auto Cleanup", "System Junk", "Photo Cache",         "Mail Trash",     "Trash Bin",
+            "iTunes Junk",  "Duplicates",  "Large and Old Files", "Similar Images", "Uninstaller",
+            "Eraser",       "Privacy",     "Extensions"};
         const QList<Module> &modules = AppModuleService::appModules();
         QVERIFY(modules.size() >= 13);
         for (int i = 0; i < titles.size(); ++i) {
@@ -60,7 +61,8 @@ private slots:
         QStringList children;
         for (const Category &c : *modules[0].categories)
             children << c.title;
-        QCOMPARE(children, QStringList({"System Junk", "Photo Cache", "Mail Trash", "Trash Bin", "iTunes Junk"}));
+        QCOMPARE(children, QStringList({"System Junk", "Photo Cache", "Mail Trash", "Trash Bin",
+                                        "iTunes Junk"}));
         QCOMPARE(AppModuleService::fileName(), QStringLiteral("Brenlow"));
 
         // Auto Cleanup walks the rows between "Cleanup" and "Tools": the
@@ -82,12 +84,17 @@ private slots:
     {
         TestEnvironment env;
         const QVariantMap dictUrl{{"url", "file:///opt/x/"}, {"type", "Special"}, {"checked", 1}};
-        QVariantMap typed = TestEnvironment::categoryRow("Typed", dictUrl, QVariantList{"file://~/a/", "~/b/"}, 1, "Mail");
+        QVariantMap typed = TestEnvironment::categoryRow(
+            "Typed", dictUrl, QVariantList{"file://~/a/", "~/b/"}, 1, "Mail");
         typed.insert("size", qint64(42));
         typed.insert("finder", 3);
-        QVariantMap bare{{"title", "Bare"}, {"image", "i"}, {"description", "d"},
-                         {"state", QStringLiteral("not a number")}, {"size", "x"}};
-        QVariantMap mixed = TestEnvironment::categoryRow("Mixed", {}, QVariantList{"file:///a/", dictUrl});
+        QVariantMap bare{{"title", "Bare"},
+                         {"image", "i"},
+                         {"description", "d"},
+                         {"state", QStringLiteral("not a number")},
+                         {"size", "x"}};
+        QVariantMap mixed =
+            TestEnvironment::categoryRow("Mixed", {}, QVariantList{"file:///a/", dictUrl});
         env.writeModules(oneModule({typed, bare, mixed}));
 
         const QList<Category> &cats = *AppModuleService::appModules()[0].categories;
@@ -100,7 +107,8 @@ private slots:
         QCOMPARE(t.url.checked, 1);
         QCOMPARE(t.url.url, QStringLiteral("file://") + env.root() + QStringLiteral("/opt/x/"));
         QCOMPARE(t.urls.size(), 2);
-        QCOMPARE(t.urls[0].url, QStringLiteral("file://") + Platform::homeDirectory() + QStringLiteral("/a/"));
+        QCOMPARE(t.urls[0].url,
+                 QStringLiteral("file://") + Platform::homeDirectory() + QStringLiteral("/a/"));
         QCOMPARE(t.urls[1].url, QStringLiteral("~/b/")); // only "file://~/" expands
         QCOMPARE(t.urls[0].type, QStringLiteral("Folder"));
         QCOMPARE(t.urls[0].checked, 0);
@@ -124,7 +132,8 @@ private slots:
         {
             TestEnvironment env(QStringLiteral("macos"));
             QCOMPARE(AppModuleService::updateModuleURL("file://~/Library/Caches/"),
-                     "file://" + env.root() + "/Users/" + Platform::userName() + "/Library/Caches/");
+                     "file://" + env.root() + "/Users/" + Platform::userName() +
+                         "/Library/Caches/");
         }
         {
             TestEnvironment env(QStringLiteral("linux"));
@@ -148,12 +157,14 @@ private slots:
         badTab.insert("tab", 7);
         QVariantMap catNoImage = cat;
         catNoImage.remove("image");
-        QVariantMap urlNoChecked = TestEnvironment::categoryRow("C", QVariantMap{{"url", "file:///x"}, {"type", "Folder"}});
+        QVariantMap urlNoChecked = TestEnvironment::categoryRow(
+            "C", QVariantMap{{"url", "file:///x"}, {"type", "Folder"}});
         QTest::newRow("module without title") << QVariant(QVariantList{noTitle}) << "";
         QTest::newRow("module without features") << QVariant(QVariantList{noFeatures}) << "";
         QTest::newRow("tab of the wrong type") << QVariant(QVariantList{badTab}) << "";
         QTest::newRow("category without image") << QVariant(oneModule({catNoImage})) << "";
-        QTest::newRow("url dictionary without checked") << QVariant(oneModule({urlNoChecked})) << "";
+        QTest::newRow("url dictionary without checked")
+            << QVariant(oneModule({urlNoChecked})) << "";
         QTest::newRow("root not an array") << QVariant(QVariantMap{{"a", 1}}) << "";
         QTest::newRow("damaged file") << QVariant() << "damaged";
         QTest::newRow("missing file") << QVariant() << "missing";
@@ -184,10 +195,14 @@ private slots:
     {
         TestEnvironment env;
         env.writeModules(oneModule({TestEnvironment::categoryRow("C")}));
-        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 5, {}, {}); }));
-        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 0, 3, {}); }));
-        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 9, 0, {}, {}); }));
-        QVERIFY(!TestEnvironment::endsInFatalStop([] { AppModuleService::updateState(1, 0, 0, {}, {}); }));
+        QVERIFY(TestEnvironment::endsInFatalStop(
+            [] { AppModuleService::updateState(1, 0, 5, {}, {}); }));
+        QVERIFY(TestEnvironment::endsInFatalStop(
+            [] { AppModuleService::updateState(1, 0, 0, 3, {}); }));
+        QVERIFY(TestEnvironment::endsInFatalStop(
+            [] { AppModuleService::updateState(1, 9, 0, {}, {}); }));
+        QVERIFY(!TestEnvironment::endsInFatalStop(
+            [] { AppModuleService::updateState(1, 0, 0, {}, {}); }));
     }
 
     void parentState_data()
@@ -217,7 +232,8 @@ private slots:
         Category &c = (*AppModuleService::appModules()[0].categories)[0];
         const FolderInfoPtr grandchild = node(0);
         const FolderInfoPtr deepChild = node(0, 1, QString(), {grandchild});
-        c.files = {node(0, 1, QString(), {node(0), node(0)}), node(0), node(0, 1, QString(), {deepChild})};
+        c.files = {node(0, 1, QString(), {node(0), node(0)}), node(0),
+                   node(0, 1, QString(), {deepChild})};
 
         // No file index: only the category's own state.
         AppModuleService::updateState(1, 0, 0, {}, {});
@@ -257,7 +273,8 @@ private slots:
         TestEnvironment env;
         QVariantMap shown = TestEnvironment::categoryRow("Shown");
         shown.insert("finder", 1);
-        env.writeModules(oneModule({shown, TestEnvironment::categoryRow("Bin"), TestEnvironment::categoryRow("Other")}));
+        env.writeModules(oneModule(
+            {shown, TestEnvironment::categoryRow("Bin"), TestEnvironment::categoryRow("Other")}));
         QList<Category> &cats = *AppModuleService::appModules()[0].categories;
         const FolderInfoPtr a = node(0), b = node(0);
         a->findex = 7;
@@ -316,7 +333,8 @@ private slots:
         header.remove("categories");
         env.writeModules(QVariantList{header});
         QVERIFY(!AppModuleService::appModules()[0].categories);
-        QVERIFY(TestEnvironment::endsInFatalStop([] { AppModuleService::calculateModuleSizeAndNumber(0); }));
+        QVERIFY(TestEnvironment::endsInFatalStop(
+            [] { AppModuleService::calculateModuleSizeAndNumber(0); }));
     }
 
     void categoryTotals()
@@ -338,7 +356,8 @@ private slots:
         QCOMPARE(CategoryTotals::classTotalSize(0), children);
         QCOMPARE(CategoryTotals::instanceTotalSize(0), children);
         QCOMPARE(CategoryTotals::classTotalSize(3), sum(3));
-        modules[6].categories = QList<Category>{Category{"D", "i", 70, "d", {}, {}, "Folder", {}, 0, {}, {}}};
+        modules[6].categories =
+            QList<Category>{Category{"D", "i", 70, "d", {}, {}, "Folder", {}, 0, {}, {}}};
         QCOMPARE(CategoryTotals::instanceTotalSize(6), 70);
         QCOMPARE(CategoryTotals::classTotalSize(6), 140);
     }

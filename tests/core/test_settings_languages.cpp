@@ -1,8 +1,8 @@
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/core/Platform.h"
 #include "cleaner/core/UserDefaults.h"
 #include "support/TestEnvironment.h"
 

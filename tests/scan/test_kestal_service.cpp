@@ -38,7 +38,8 @@ QString urlOf(const TreeBuilder &, const QString &rel)
     return QStringLiteral("file:///") + rel + QLatin1Char('/');
 }
 
-QVariantMap folderCategory(const QString &title, const QVariant &url, const QVariant &urls = {}, int state = 0)
+QVariantMap folderCategory(const QString &title, const QVariant &url, const QVariant &urls = {},
+                           int state = 0)
 {
     return TestEnvironment::categoryRow(title, url, urls, state);
 }
@@ -68,13 +69,16 @@ private slots:
         QVariantMap header = TestEnvironment::moduleRow("Heading", {}, "Header");
         header.remove("categories");
         env.writeModules(QVariantList{
-            TestEnvironment::moduleRow("M", {folderCategory("Single", urlOf(t, "one"), QVariantList{urlOf(t, "two")}, 1),
-                                             folderCategory("Several", {}, QVariantList{urlOf(t, "two"), urlOf(t, "three")}, -1),
-                                             folderCategory("Nothing", {}, {}, 0)}),
+            TestEnvironment::moduleRow(
+                "M", {folderCategory("Single", urlOf(t, "one"), QVariantList{urlOf(t, "two")}, 1),
+                      folderCategory("Several", {},
+                                     QVariantList{urlOf(t, "two"), urlOf(t, "three")}, -1),
+                      folderCategory("Nothing", {}, {}, 0)}),
             header});
 
         // A category left with stale files and no roots keeps them.
-        const FolderInfoPtr stale = FolderInfo::make(0, "stale", {}, 5, {}, false, {}, QUrl(), false, {}, false, 0, {});
+        const FolderInfoPtr stale =
+            FolderInfo::make(0, "stale", {}, 5, {}, false, {}, QUrl(), false, {}, false, 0, {});
         (*KestalService::scanCategory()[0])[2].files = {stale};
 
         Seen seen;
@@ -137,9 +141,11 @@ private slots:
         for (int i = 0; i < 200; ++i)
             t.file(QStringLiteral("big/%1/%2").arg(i % 20).arg(i), 1);
         t.file("small/x", 1);
-        env.writeModules(QVariantList{TestEnvironment::moduleRow(
-            "M", {folderCategory("Big", urlOf(t, "big")), folderCategory("Small", urlOf(t, "small"))})});
-        const FolderInfoPtr old = FolderInfo::make(0, "old", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
+        env.writeModules(QVariantList{
+            TestEnvironment::moduleRow("M", {folderCategory("Big", urlOf(t, "big")),
+                                             folderCategory("Small", urlOf(t, "small"))})});
+        const FolderInfoPtr old =
+            FolderInfo::make(0, "old", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
         (*KestalService::scanCategory()[0])[0].files = {old};
 
         Seen seen;
@@ -163,7 +169,8 @@ private slots:
         TestEnvironment env;
         TreeBuilder t(env.root());
         t.file("r/a", 3);
-        env.writeModules(QVariantList{TestEnvironment::moduleRow("M", {folderCategory("R", urlOf(t, "r"))})});
+        env.writeModules(
+            QVariantList{TestEnvironment::moduleRow("M", {folderCategory("R", urlOf(t, "r"))})});
         Seen old, fresh;
         KestalService::scan(0, old.progressFn(), old.percentFn(), old.doneFn());
         KestalService::scanStatus()[0] = 2;
@@ -193,13 +200,15 @@ private slots:
         TestEnvironment env;
         env.writeModules(QVariantList{TestEnvironment::moduleRow("M", {folderCategory("C", {})})});
         KestalService::scanStatus()[0] = 2;
-        const FolderInfoPtr mark = FolderInfo::make(0, "m", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
+        const FolderInfoPtr mark =
+            FolderInfo::make(0, "m", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
         (*KestalService::scanCategory()[0])[0].files = {mark};
         bool fired = false;
-        DispatchTimer::scheduled(10, false, QStringLiteral("not a module"), [&](DispatchTimer *timer) {
-            KestalService::handleEvents(timer);
-            fired = true;
-        });
+        DispatchTimer::scheduled(10, false, QStringLiteral("not a module"),
+                                 [&](DispatchTimer *timer) {
+                                     KestalService::handleEvents(timer);
+                                     fired = true;
+                                 });
         QTRY_VERIFY(fired);
         QCOMPARE(AppModuleService::appModules()[0].categories->first().files.first(), mark);
     }

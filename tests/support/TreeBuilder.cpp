@@ -6,7 +6,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -53,7 +52,8 @@ QString TreeBuilder::file(const QString &relative, qint64 size, const QDateTime 
     f.close();
     if (modified.isValid()) {
         const qint64 ms = modified.toMSecsSinceEpoch();
-        const struct timespec times[2] = {{ms / 1000, (ms % 1000) * 1000000}, {ms / 1000, (ms % 1000) * 1000000}};
+        const struct timespec times[2] = {{ms / 1000, (ms % 1000) * 1000000},
+                                          {ms / 1000, (ms % 1000) * 1000000}};
         utimensat(AT_FDCWD, QFile::encodeName(p).constData(), times, 0);
     }
     return p;
