@@ -65,14 +65,7 @@ QList<Category> parseCategories(const QVariantList &list, const QString &where)
 
 QList<Module> loadModules()
 {
-    const QString name = AppModuleService::fileName() + QStringLiteral("Modules");
-    const QString path = Bundle::pathForResource(name, QStringLiteral("plist"));
-    if (path.isEmpty())
-        fatalStop(QStringLiteral("the resource %1.plist is missing").arg(name));
-    const auto root = PropertyList::fromFile(path);
-    if (!root)
-        fatalStop(QStringLiteral("the resource %1 cannot be read").arg(path));
-    return AppModuleService::parseModules(*root);
+    return AppModuleService::parseModules(Bundle::requiredEditionList(QStringLiteral("Modules")));
 }
 
 Tables &tables()

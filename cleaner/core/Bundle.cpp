@@ -1,5 +1,7 @@
 #include "cleaner/core/Bundle.h"
 
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Fatal.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 
@@ -24,4 +26,16 @@ QVariantMap Bundle::infoDictionary()
 QVariant Bundle::objectForInfoDictionaryKey(const QString &key)
 {
     return infoDictionary().value(key);
+}
+
+QVariant Bundle::requiredEditionList(const QString &suffix)
+{
+    const QString name = AppModuleService::fileName() + suffix;
+    const QString path = pathForResource(name, QStringLiteral("plist"));
+    if (path.isEmpty())
+        fatalStop(QStringLiteral("the resource %1.plist is missing").arg(name));
+    const auto root = PropertyList::fromFile(path);
+    if (!root)
+        fatalStop(QStringLiteral("the resource %1 cannot be read").arg(path));
+    return *root;
 }

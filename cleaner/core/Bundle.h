@@ -12,4 +12,7 @@ public:
     // The keys of Info.plist (empty when the file is missing or damaged).
     static QVariantMap infoDictionary();
     static QVariant objectForInfoDictionaryKey(const QString &key);
+    // The edition's property list "<File Name><suffix>.plist". A missing or
+    // damaged list is a configuration fault and stops the program.
+    static QVariant requiredEditionList(const QString &suffix);
 };

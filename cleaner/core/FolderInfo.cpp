@@ -174,13 +174,15 @@ FolderInfoPtr FolderInfo::filterFolderInfo(const FolderUrl &url, bool includeChi
     });
 }
 
-ChildrenInfo FolderInfo::childrenOfDirectory(const FolderUrl &folderURL, const Progress &progress)
+namespace {
+
+// The entries of a folder as nodes: one level deep, or, with a filter, from
+// any depth, an accepted folder being listed whole and not walked into.
+ChildrenInfo listEntries(const FolderUrl &folderURL, const Progress &progress, int options,
+                         const WalkFilter &filter)
 {
     ChildrenInfo info;
-    const QUrl url(folderURL.url);
-    auto e = DirectoryEnumerator::create(pathBytes(url),
-                                         DirectoryEnumerator::SkipsPackageDescendants |
-                                             DirectoryEnumerator::SkipsSubdirectoryDescendants);
+    auto e = DirectoryEnumerator::create(FolderInfo::pathBytes(QUrl(folderURL.url)), options);
     if (!e)
         return info;
     while (e->next()) {
@@ -189,45 +191,40 @@ ChildrenInfo FolderInfo::childrenOfDirectory(const FolderUrl &folderURL, const P
             continue;
         }
         const ResourceValues &values = e->values();
-        FolderInfoPtr node = nodeFromValues(values, int(info.children.size()), folderURL.checked);
+        FolderInfoPtr node =
+            FolderInfo::nodeFromValues(values, int(info.children.size()), folderURL.checked);
+        if (filter && !filter(node->url, *e))
+            continue; // refused: the walk goes on into it
         if (!values.fileSize)
-            node->size = getFolderSize(node->url);
+            node->size = FolderInfo::getFolderSize(node->url);
         info.totalSize += node->size;
-        postProgress(progress, displayPath(values.path), node->size);
+        if (progress) {
+            const QString shown = displayPath(values.path);
+            const qint64 size = node->size;
+            Dispatch::mainAsync([progress, shown, size] { progress(shown, size); });
+        }
         info.children.append(std::move(node));
+        if (values.isDirectory)
+            e->skipDescendants();
     }
     return info;
+}
+
+} // namespace
+
+ChildrenInfo FolderInfo::childrenOfDirectory(const FolderUrl &folderURL, const Progress &progress)
+{
+    return listEntries(folderURL, progress,
+                       DirectoryEnumerator::SkipsPackageDescendants |
+                           DirectoryEnumerator::SkipsSubdirectoryDescendants,
+                       nullptr);
 }
 
 ChildrenInfo FolderInfo::filterChildrenOfDirectory(const FolderUrl &folderURL,
                                                    const Progress &progress,
                                                    const WalkFilter &filter)
 {
-    ChildrenInfo info;
-    const QUrl url(folderURL.url);
-    auto e =
-        DirectoryEnumerator::create(pathBytes(url), DirectoryEnumerator::SkipsPackageDescendants);
-    if (!e)
-        return info;
-    while (e->next()) {
-        if (!e->currentReadable()) {
-            printLine("Error reading file attributes", QString());
-            continue;
-        }
-        const ResourceValues &values = e->values();
-        const QUrl itemUrl = urlFromPath(values.path);
-        if (filter && !filter(itemUrl, *e))
-            continue; // refused: the walk goes on into it
-        FolderInfoPtr node = nodeFromValues(values, int(info.children.size()), folderURL.checked);
-        if (!values.fileSize)
-            node->size = getFolderSize(itemUrl);
-        info.totalSize += node->size;
-        postProgress(progress, displayPath(values.path), node->size);
-        info.children.append(std::move(node));
-        if (values.isDirectory)
-            e->skipDescendants(); // an accepted folder is listed whole
-    }
-    return info;
+    return listEntries(folderURL, progress, DirectoryEnumerator::SkipsPackageDescendants, filter);
 }
 
 ChildrenInfo FolderInfo::filesFromDirWithFilter(const FolderUrl &folderURL,

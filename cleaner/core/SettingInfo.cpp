@@ -1,9 +1,7 @@
 #include "cleaner/core/SettingInfo.h"
 
-#include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Bundle.h"
 #include "cleaner/core/Fatal.h"
-#include "cleaner/core/PropertyList.h"
 
 #include <optional>
 
@@ -16,15 +14,11 @@ std::optional<QHash<QString, QString>> g_settings;
 const QHash<QString, QString> &SettingInfo::AllSettings()
 {
     if (!g_settings) {
-        const QString name = AppModuleService::fileName() + QStringLiteral("Setting");
-        const QString path = Bundle::pathForResource(name, QStringLiteral("plist"));
-        if (path.isEmpty())
-            fatalStop(QStringLiteral("the resource %1.plist is missing").arg(name));
-        const auto root = PropertyList::fromFile(path);
-        if (!root || root->typeId() != QMetaType::QVariantMap)
-            fatalStop(QStringLiteral("the resource %1 cannot be read").arg(path));
+        const QVariant root = Bundle::requiredEditionList(QStringLiteral("Setting"));
+        if (root.typeId() != QMetaType::QVariantMap)
+            fatalStop(QStringLiteral("the edition's Setting list is not a dictionary"));
         QHash<QString, QString> values;
-        const QVariantMap map = root->toMap();
+        const QVariantMap map = root.toMap();
         for (auto it = map.begin(); it != map.end(); ++it)
             values.insert(it.key(), it.value().toString());
         g_settings = std::move(values);
