@@ -1,10 +1,15 @@
 #include "cleaner/shell/KestalRightBottomViewController.h"
 
+#include "cleaner/clean/CleanResults.h"
+#include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
+#include "cleaner/shell/ImageStore.h"
+#include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
@@ -15,6 +20,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 
 namespace {
 
@@ -23,9 +29,13 @@ constexpr int buttonHeight = 40;
 constexpr int autoCleanupModule = 0;
 constexpr int buttonWidth = 148;
 
-QPushButton *barButton(QWidget *parent)
+// The wait after a stop, so that the scan's workers see the flag.
+constexpr int stopWaitMs = 1000;
+
+QPushButton *barButton(QWidget *parent, const QString &name)
 {
     auto *button = new QPushButton(parent);
+    button->setObjectName(name);
     button->setMinimumHeight(buttonHeight);
     button->setMinimumWidth(buttonWidth);
     return button;
@@ -45,21 +55,35 @@ KestalRightBottomViewController::KestalRightBottomViewController(int moduleIndex
 
     m_statusText = new QLabel(this);
     UIUtil::setTextAttribute(m_statusText, UIInfo::nsMyUI(QStringLiteral("bottom_status_font")));
-    m_overViewScanBtn = barButton(this);
-    m_overViewScanBtn->setObjectName(QStringLiteral("overViewScanBtn"));
-    m_rescanBtn = barButton(this);
-    m_rescanBtn->setObjectName(QStringLiteral("rescanBtn"));
-    connect(m_overViewScanBtn, &QPushButton::clicked, this,
-            &KestalRightBottomViewController::overViewScanAction);
-    connect(m_rescanBtn, &QPushButton::clicked, this,
-            &KestalRightBottomViewController::rescanAction);
+    m_overViewScanBtn = barButton(this, QStringLiteral("overViewScanBtn"));
+    m_scanningscanBtn = barButton(this, QStringLiteral("scanningscanBtn"));
+    m_rescanBtn = barButton(this, QStringLiteral("rescanBtn"));
+    m_reviewBtn = barButton(this, QStringLiteral("reviewBtn"));
+    m_scandoneViewBtn = barButton(this, QStringLiteral("scandoneViewBtn"));
+    m_detailViewBtn = barButton(this, QStringLiteral("detailViewBtn"));
+    m_cleanningViewBtn = barButton(this, QStringLiteral("cleanningViewBtn"));
+    m_cleandoneViewBtn = barButton(this, QStringLiteral("cleandoneViewBtn"));
+    m_showLogViewBtn = barButton(this, QStringLiteral("showLogViewBtn"));
+    using Bar = KestalRightBottomViewController;
+    const std::pair<QPushButton *, void (Bar::*)()> actions[] = {
+        {m_overViewScanBtn, &Bar::overViewScanAction},
+        {m_scanningscanBtn, &Bar::scanningStopScanAction},
+        {m_rescanBtn, &Bar::rescanAction},
+        {m_reviewBtn, &Bar::scanDoneNoEmptyReviewAction},
+        {m_scandoneViewBtn, &Bar::scanDoneNoEmptyCleanAction},
+        {m_detailViewBtn, &Bar::detailViewCleanAction},
+        {m_cleanningViewBtn, &Bar::cleanningViewStopAction},
+        {m_cleandoneViewBtn, &Bar::cleandoneViewShowLogAction},
+        {m_showLogViewBtn, &Bar::showLogViewHideLogAction}};
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(32, 0, 32, 0);
     layout->setSpacing(12);
     layout->addWidget(m_statusText, 1);
-    layout->addWidget(m_rescanBtn);
-    layout->addWidget(m_overViewScanBtn);
+    for (const auto &[button, action] : actions) {
+        connect(button, &QPushButton::clicked, this, action);
+        layout->addWidget(button);
+    }
     changeViewStatus(viewStatus::overview);
 }
 
@@ -68,32 +92,76 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
     m_status = status;
     const MyUI &primary = UIInfo::nsMyUI(QStringLiteral("primary_button_gradual_font"));
     const MyUI &secondary = UIInfo::nsMyUI(QStringLiteral("secondary_button_font"));
+    const QColor border = UIInfo::nsColor(QStringLiteral("secondary_button_border_color"));
+    const QString clean = getLocalizedString(QStringLiteral("Clean"));
+    const QString stop = getLocalizedString(QStringLiteral("Stop"));
     UIUtil::setBtnAttribute(m_overViewScanBtn, getLocalizedString(QStringLiteral("Scan")), primary);
-    UIUtil::setBtnStyle(m_rescanBtn, getLocalizedString(QStringLiteral("Re-Scan")),
-                        UIInfo::nsColor(QStringLiteral("secondary_button_border_color")),
+    UIUtil::setBtnStyle(m_scanningscanBtn, stop, border, secondary);
+    UIUtil::setBtnStyle(m_rescanBtn, getLocalizedString(QStringLiteral("Re-Scan")), border,
                         secondary);
+    UIUtil::setBtnStyle(m_reviewBtn, getLocalizedString(QStringLiteral("Review")), border,
+                        secondary);
+    UIUtil::setBtnAttribute(m_scandoneViewBtn, clean, primary);
+    UIUtil::setBtnAttribute(m_detailViewBtn, clean, primary);
+    UIUtil::setBtnStyle(m_cleanningViewBtn, stop, border, secondary);
+    UIUtil::setBtnStyle(m_cleandoneViewBtn, getLocalizedString(QStringLiteral("View Log")), border,
+                        secondary);
+    UIUtil::setBtnStyle(m_showLogViewBtn, getLocalizedString(QStringLiteral("Hide Log")), border,
+                        secondary);
+    const QIcon logIcon =
+        ImageStore::icon(KestalCleaningViewAndLogViewController::hasFailures(m_moduleIndex)
+                             ? QStringLiteral("WarnLog")
+                             : QStringLiteral("SuccessLog"));
+    m_cleandoneViewBtn->setIcon(logIcon);
+    m_showLogViewBtn->setIcon(logIcon);
 
-    m_overViewScanBtn->setVisible(status == viewStatus::overview);
+    using enum viewStatus;
+    m_overViewScanBtn->setVisible(status == overview);
     m_overViewScanBtn->setEnabled(canScan());
-    m_rescanBtn->setVisible(status == viewStatus::scandone_Empty ||
-                            status == viewStatus::scandone_NoEmpty);
+    m_scanningscanBtn->setVisible(status == scanning);
+    m_rescanBtn->setVisible(status == scandone_Empty || status == scandone_NoEmpty ||
+                            status == detail || status == cleandone);
+    m_reviewBtn->setVisible(status == scandone_NoEmpty);
+    m_scandoneViewBtn->setVisible(status == scandone_NoEmpty);
+    m_detailViewBtn->setVisible(status == detail);
+    // Auto Cleanup cleans its modules from its own result list.
+    m_detailViewBtn->setEnabled(m_moduleIndex != autoCleanupModule && selected().second > 0);
+    m_cleanningViewBtn->setVisible(status == cleanning);
+    m_cleanningViewBtn->setEnabled(false); // a running clean cannot be stopped from here
+    m_cleandoneViewBtn->setVisible(status == cleandone);
+    m_showLogViewBtn->setVisible(status == showLog);
+    m_statusText->setText(statusText());
+}
 
-    const qint64 found = KestalService::scanTotalSize().value(m_moduleIndex);
-    switch (status) {
+std::pair<double, int> KestalRightBottomViewController::selected() const
+{
+    if (!canScan())
+        return {0, 0};
+    return AppModuleService::calculateModuleSizeAndNumber(m_moduleIndex);
+}
+
+QString KestalRightBottomViewController::statusText() const
+{
+    const QString found = getLocalizedString(QStringLiteral("Found "));
+    switch (m_status) {
     case viewStatus::scanning:
-        m_statusText->setText(getLocalizedString(QStringLiteral("Found ")) + byteString(found));
-        break;
+        return found + byteString(KestalService::scanTotalSize().value(m_moduleIndex));
     case viewStatus::scandone_NoEmpty:
-        m_statusText->setText(getLocalizedString(QStringLiteral("Found ")) +
-                              byteString(CategoryTotals::instanceTotalSize(m_moduleIndex)));
-        break;
+        return found + byteString(CategoryTotals::instanceTotalSize(m_moduleIndex));
+    case viewStatus::detail:
+        return getLocalizedString(QStringLiteral("Selected: ")) +
+               byteString(qint64(selected().first));
+    case viewStatus::cleanning:
+        return getLocalizedString(QStringLiteral("Cleaning..."));
+    case viewStatus::cleandone:
+    case viewStatus::showLog: {
+        const auto [size, number] = KestalService::cleanTotalSizeAndNumber().value(m_moduleIndex);
+        return getLocalizedString(QStringLiteral("Cleaned: ")) + byteString(size) +
+               QStringLiteral(", ") + getLocalizedString(QStringLiteral("%1 items")).arg(number);
+    }
     default:
-        if (canScan())
-            m_statusText->clear();
-        else
-            m_statusText->setText(
-                getLocalizedString(QStringLiteral("Available in a later version")));
-        break;
+        return canScan() ? QString()
+                         : getLocalizedString(QStringLiteral("Available in a later version"));
     }
 }
 
@@ -105,6 +173,11 @@ bool KestalRightBottomViewController::isOnScreen() const
 KestalRightTopOverViewAndScanViewController *KestalRightBottomViewController::topChild() const
 {
     return m_split->topSwitch()->overViewAndScan(m_moduleIndex);
+}
+
+KestalCleaningViewAndLogViewController *KestalRightBottomViewController::cleaningChild() const
+{
+    return m_split->topSwitch()->cleaningAndLog(m_moduleIndex);
 }
 
 void KestalRightBottomViewController::overViewScanAction()
@@ -204,18 +277,22 @@ void KestalRightBottomViewController::updateScanningProgress(const QString &path
         changeViewStatus(m_status);
 }
 
-void KestalRightBottomViewController::updateScanningDone(int doneNum, int cateCount)
+void KestalRightBottomViewController::updateScanningDone(int doneNum, int cateCount,
+                                                         viewStatus noEmptyToStatus,
+                                                         viewStatus emptyToStatus)
 {
+    // A scan whose stop already ended it reports no more.
+    if (m_status != viewStatus::scanning)
+        return;
     m_doneCategories = doneNum + 1;
     if (cateCount - 1 == doneNum) {
         const qint64 size = CategoryTotals::instanceTotalSize(m_moduleIndex);
-        const viewStatus to = size < 1 ? viewStatus::scandone_Empty : viewStatus::scandone_NoEmpty;
-        m_split->topSwitch()->updateTopMessageViewStatus(to, m_tab, m_moduleIndex);
         topChild()->changeViewStatus(viewStatus::overview);
-        updateReScanView(to);
+        updateReScanView(size < 1 ? emptyToStatus : noEmptyToStatus);
         return;
     }
     showCategoryOnScan(doneNum + 1);
+    emit moduleRowChanged(m_moduleIndex); // its percent counts finished categories
 }
 
 void KestalRightBottomViewController::showCategoryOnScan(int categoryIndex)
@@ -230,8 +307,121 @@ void KestalRightBottomViewController::showCategoryOnScan(int categoryIndex)
 void KestalRightBottomViewController::updateReScanView(viewStatus toStatus)
 {
     changeViewStatus(toStatus);
+    // The top children follow the state off screen too, so coming back shows it.
+    m_split->topSwitch()->updateTopMessageViewStatus(toStatus, m_tab, m_moduleIndex);
     if (isOnScreen())
         m_split->transitionTopView(m_tab, toStatus, m_tab);
     viewCurrentStatusDict()[m_tab] = toStatus;
     emit moduleRowChanged(m_moduleIndex);
+}
+
+void KestalRightBottomViewController::scanningStopScanAction()
+{
+    if (m_status != viewStatus::scanning)
+        return;
+    KestalService::stopScan(m_moduleIndex);
+    const int cateCount = m_cateCount;
+    QPointer<KestalRightBottomViewController> bar(this);
+    QTimer::singleShot(stopWaitMs, this, [bar, cateCount] {
+        if (!bar)
+            return;
+        bar->updateScanningDone(cateCount - 1, cateCount, viewStatus::detail,
+                                viewStatus::scandone_Empty);
+    });
+    FabricController::fabric(
+        FabricEvent::stopScanButton,
+        FabricEvent::getStopScanName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::scanDoneNoEmptyReviewAction()
+{
+    if (m_status != viewStatus::scandone_NoEmpty)
+        return;
+    updateReScanView(viewStatus::detail);
+    FabricController::fabric(
+        FabricEvent::reviewButton,
+        FabricEvent::getReviewButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::scanDoneNoEmptyCleanAction()
+{
+    // Despite its name, it opens the review: the clean starts there.
+    if (m_status == viewStatus::scandone_NoEmpty)
+        updateReScanView(viewStatus::detail);
+}
+
+bool KestalRightBottomViewController::checkModel(int moduleIndex, bool isAutoClean)
+{
+    Q_UNUSED(moduleIndex);
+    Q_UNUSED(isAutoClean);
+    return UIUtil::dialogOKCancel(
+        getLocalizedString(QStringLiteral("Confirmation")),
+        getLocalizedString(QStringLiteral("Are you sure to delete selected files?")));
+}
+
+void KestalRightBottomViewController::handleClean(int modelIndex)
+{
+    KestalCleanRecorder::handleClean(modelIndex);
+}
+
+void KestalRightBottomViewController::detailViewCleanAction()
+{
+    if (m_status != viewStatus::detail || !m_detailViewBtn->isEnabled() ||
+        !checkModel(m_moduleIndex, false))
+        return;
+    handleClean(m_moduleIndex);
+    updateReScanView(viewStatus::cleanning);
+
+    // The recorder keeps the module's counts on the main thread, then tells the bar.
+    QPointer<KestalRightBottomViewController> bar(this);
+    auto recorder = std::make_shared<KestalCleanRecorder>(
+        m_moduleIndex, [bar](bool result, int ci, int status, int number, qint64 size) {
+            if (!bar)
+                return;
+            if (ci >= 0)
+                bar->cleanSingleCateDone(ci, status, number, size);
+            else
+                bar->cleanDone(result, size, number);
+        });
+    const int module = m_moduleIndex;
+    Dispatch::globalAsync(
+        [module, recorder] { KestalModuleCleanService::analysisModule(module, recorder); });
+    FabricController::fabric(
+        FabricEvent::cleanButton,
+        FabricEvent::getCleanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::cleanSingleCateDone(int ci, int status, int number,
+                                                          qint64 size)
+{
+    // The counts themselves were stored by the recorder before this call.
+    Q_UNUSED(ci);
+    Q_UNUSED(status);
+    Q_UNUSED(number);
+    Q_UNUSED(size);
+    cleaningChild()->updateCleanningView();
+}
+
+void KestalRightBottomViewController::cleanDone(bool success, qint64 size, int number)
+{
+    Q_UNUSED(success);
+    Q_UNUSED(size);
+    Q_UNUSED(number);
+    updateReScanView(viewStatus::cleandone);
+}
+
+void KestalRightBottomViewController::cleandoneViewShowLogAction()
+{
+    if (m_status != viewStatus::cleandone)
+        return;
+    updateReScanView(viewStatus::showLog);
+    FabricController::fabric(
+        FabricEvent::watchLogButton,
+        FabricEvent::getLogButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::showLogViewHideLogAction()
+{
+    if (m_status == viewStatus::showLog)
+        updateReScanView(viewStatus::cleandone);
 }

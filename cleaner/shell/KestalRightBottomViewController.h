@@ -2,13 +2,15 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class KestalCleaningViewAndLogViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
 class QLabel;
 class QPushButton;
 
 // A module's bottom bar: the buttons and the short status line of each
-// state, and the module's scan, which goes on while the module is off screen.
+// state, the module's scan and its clean, which both go on while the module
+// is off screen.
 class KestalRightBottomViewController : public KestalSuperViewController {
     Q_OBJECT
 public:
@@ -25,15 +27,40 @@ public:
     void changeViewStatus(viewStatus status);
 
     void overViewScanAction();
+    void scanningStopScanAction();
     void rescanAction();
+    void scanDoneNoEmptyReviewAction();
+    void scanDoneNoEmptyCleanAction();
+    void detailViewCleanAction();
+    void cleanningViewStopAction() {}
+    void cleandoneViewShowLogAction();
+    void showLogViewHideLogAction();
+
+    // Asks whether the selection may go; true when the user confirmed.
+    static bool checkModel(int moduleIndex, bool isAutoClean);
+    // Resets the module's clean counters before a run.
+    static void handleClean(int modelIndex);
+    void cleanSingleCateDone(int ci, int status, int number, qint64 size);
+    void cleanDone(bool success, qint64 size, int number);
 
     void updateScanningPercent(float percent);
     void updateScanningProgress(const QString &path, qint64 size);
-    void updateScanningDone(int doneNum, int cateCount);
+    void updateScanningDone(int doneNum, int cateCount,
+                            viewStatus noEmptyToStatus = viewStatus::scandone_NoEmpty,
+                            viewStatus emptyToStatus = viewStatus::scandone_Empty);
     void updateReScanView(viewStatus toStatus);
+    // The chosen size of the review, after a change of the selection.
+    void updateDetailView() { changeViewStatus(m_status); }
 
     QPushButton *overViewScanBtn() const { return m_overViewScanBtn; }
+    QPushButton *scanningscanBtn() const { return m_scanningscanBtn; }
     QPushButton *rescanBtn() const { return m_rescanBtn; }
+    QPushButton *reviewBtn() const { return m_reviewBtn; }
+    QPushButton *scandoneViewBtn() const { return m_scandoneViewBtn; }
+    QPushButton *detailViewBtn() const { return m_detailViewBtn; }
+    QPushButton *cleanningViewBtn() const { return m_cleanningViewBtn; }
+    QPushButton *cleandoneViewBtn() const { return m_cleandoneViewBtn; }
+    QPushButton *showLogViewBtn() const { return m_showLogViewBtn; }
     QLabel *statusTextField() const { return m_statusText; }
 
 signals:
@@ -50,6 +77,10 @@ private:
     // Resets the progress and names the category the scan is on.
     void showCategoryOnScan(int categoryIndex);
     KestalRightTopOverViewAndScanViewController *topChild() const;
+    KestalCleaningViewAndLogViewController *cleaningChild() const;
+    QString statusText() const;
+    // Size and number of what the review has selected.
+    std::pair<double, int> selected() const;
 
     int m_moduleIndex;
     QString m_tab;
@@ -60,5 +91,12 @@ private:
 
     QLabel *m_statusText;
     QPushButton *m_overViewScanBtn;
+    QPushButton *m_scanningscanBtn;
     QPushButton *m_rescanBtn;
+    QPushButton *m_reviewBtn;
+    QPushButton *m_scandoneViewBtn;
+    QPushButton *m_detailViewBtn;
+    QPushButton *m_cleanningViewBtn;
+    QPushButton *m_cleandoneViewBtn;
+    QPushButton *m_showLogViewBtn;
 };

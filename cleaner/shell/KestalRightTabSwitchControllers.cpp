@@ -1,6 +1,7 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -17,15 +18,19 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         auto *overView = new KestalRightTopOverViewAndScanViewController(i, this);
         auto *message = new KestalRightTopShowMessageViewController(i, this);
         m_overViews.insert(i, overView);
+        auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
-        // One child of each kind, in the order of the kinds; the review and
-        // the cleaning pages stand empty until they are built.
+        m_cleanings.insert(i, cleaning);
+        // One child of each kind, in the order of the kinds; the review page
+        // stands empty until it is built.
         for (int kind = 0; kind < int(TopChild::count); ++kind) {
             QWidget *child = nullptr;
             if (kind == int(TopChild::overviewAndScan))
                 child = overView;
             else if (kind == int(TopChild::showMessage))
                 child = message;
+            else if (kind == int(TopChild::cleaningAndLog))
+                child = cleaning;
             else
                 child = new QWidget(this);
             addWidget(child);
@@ -45,6 +50,12 @@ KestalRightTopTabSwitchController::showMessage(int moduleIndex) const
     return m_messages.value(moduleIndex);
 }
 
+KestalCleaningViewAndLogViewController *
+KestalRightTopTabSwitchController::cleaningAndLog(int moduleIndex) const
+{
+    return m_cleanings.value(moduleIndex);
+}
+
 void KestalRightTopTabSwitchController::swap(const QString &tab, viewStatus status)
 {
     const QString key = tab + KestalSuperViewController::viewStatusDict(status).second;
@@ -58,9 +69,13 @@ void KestalRightTopTabSwitchController::updateTopMessageViewStatus(viewStatus up
                                                                    int moduleIndex)
 {
     Q_UNUSED(updateTab);
-    if (KestalSuperViewController::topChildOf(updateStatus) == TopChild::showMessage) {
+    const TopChild kind = KestalSuperViewController::topChildOf(updateStatus);
+    if (kind == TopChild::showMessage) {
         if (auto *message = showMessage(moduleIndex))
             message->changeViewStatus(updateStatus);
+    } else if (kind == TopChild::cleaningAndLog) {
+        if (auto *cleaning = cleaningAndLog(moduleIndex))
+            cleaning->changeViewStatus(updateStatus);
     }
 }
 

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QStackedWidget>
 
+class KestalCleaningViewAndLogViewController;
 class KestalRightBottomViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -21,14 +22,17 @@ public:
 
     KestalRightTopOverViewAndScanViewController *overViewAndScan(int moduleIndex) const;
     KestalRightTopShowMessageViewController *showMessage(int moduleIndex) const;
+    KestalCleaningViewAndLogViewController *cleaningAndLog(int moduleIndex) const;
     // Brings the child that shows `status` of `tab` to the front.
     void swap(const QString &tab, viewStatus status);
+    // Sets the top child that shows `updateStatus` of the module to that state.
     void updateTopMessageViewStatus(viewStatus updateStatus, const QString &updateTab,
                                     int moduleIndex);
 
 private:
     QHash<int, KestalRightTopOverViewAndScanViewController *> m_overViews;
     QHash<int, KestalRightTopShowMessageViewController *> m_messages;
+    QHash<int, KestalCleaningViewAndLogViewController *> m_cleanings;
 };
 
 // Holds the bottom bar of every module, at the positions of

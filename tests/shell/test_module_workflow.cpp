@@ -1,0 +1,253 @@
+// A junk module's whole life on the real main window, offscreen: scan,
+// result, review, confirmation, clean and log, over a tree in the test's
+// home, with the shipped module table and the real clean service.
+
+#include "ShellTestSupport.h"
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/scan/KestalService.h"
+#include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
+#include "cleaner/shell/KestalRightBottomViewController.h"
+#include "cleaner/shell/KestalRightSplitController.h"
+#include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+#include "cleaner/shell/KestalRightTopShowMessageViewController.h"
+#include "cleaner/shell/KestalRootViewController.h"
+#include "support/TreeBuilder.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QTreeWidget>
+
+using viewStatus = KestalSuperViewController::viewStatus;
+
+namespace {
+
+constexpr int systemJunk = 1;
+constexpr int photoCache = 2;
+constexpr int trashBin = 4;
+
+// The index of the category titled so, and of its listed item named so.
+std::pair<int, int> itemOf(int module, const QString &category, const QString &name)
+{
+    const QList<Category> &categories = AppModuleService::categoriesOf(module);
+    for (int ci = 0; ci < categories.size(); ++ci) {
+        if (categories[ci].title != category)
+            continue;
+        for (int fi = 0; fi < categories[ci].files.size(); ++fi) {
+            if (categories[ci].files[fi]->name == name)
+                return {ci, fi};
+        }
+    }
+    return {-1, -1};
+}
+
+} // namespace
+
+class ModuleWorkflowTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ShellEnvironment> m_env;
+    std::unique_ptr<TreeBuilder> m_home;
+    std::unique_ptr<QMainWindow> m_window;
+    KestalRootViewController *m_root = nullptr;
+
+    KestalRightSplitController *right() const { return m_root->rightSplit(); }
+    KestalRightBottomViewController *bar(int module) const
+    {
+        return right()->bottomSwitch()->barOfModule(module);
+    }
+    QWidget *topOnScreen() const { return right()->topSwitch()->currentWidget(); }
+    static viewStatus stateOf(int module)
+    {
+        return KestalSuperViewController::currentStatus(
+            AppModuleService::appModules().at(module).tab);
+    }
+
+    void show(int module)
+    {
+        auto *left = m_root->leftTable();
+        for (int row = 0; row < left->count(); ++row) {
+            if (left->moduleOfRow(row) != module)
+                continue;
+            const QRect rect = left->visualItemRect(left->item(row));
+            QTest::mouseClick(left->viewport(), Qt::LeftButton, {}, rect.center());
+        }
+        QCOMPARE(KestalLeftTableViewController::currentRow, module);
+    }
+
+    void scanToResult(int module)
+    {
+        show(module);
+        QTest::mouseClick(bar(module)->overViewScanBtn(), Qt::LeftButton);
+        QTRY_COMPARE(stateOf(module), viewStatus::scandone_NoEmpty);
+    }
+
+private slots:
+    void initTestCase() { isolateUserSettings(); }
+
+    void init()
+    {
+        m_env = std::make_unique<ShellEnvironment>();
+        m_env->useShippedResources();
+        TestEnvironment::resetCaches();
+        ShellEnvironment::resetShell();
+        m_home = std::make_unique<TreeBuilder>(m_env->home());
+        m_home->file(".cache/appA/blob.bin", 40000);
+        m_home->file(".cache/appB/keep.bin", 30000);
+        m_home->file(".local/share/xorg/Xorg.0.log.old", 5000);
+        m_home->file(".local/share/Trash/files/old.txt", 6000);
+        m_home->file(".local/share/Trash/info/old.txt.trashinfo", 60);
+        m_window.reset(KestalRootViewController::instantiateMainWindow());
+        m_root = KestalRootViewController::rootOf(m_window.get());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_home.reset();
+        m_env.reset();
+    }
+
+    // Scan, result, review, a selection of one item, confirmation, cleaning,
+    // clean done and log: the selected item goes, the rest stays.
+    void systemJunkFromScanToLog()
+    {
+        auto *junk = bar(systemJunk);
+        scanToResult(systemJunk);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(systemJunk));
+        QVERIFY(junk->reviewBtn()->isVisible());
+        QVERIFY(junk->scandoneViewBtn()->isVisible());
+
+        QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(systemJunk), viewStatus::detail);
+        QVERIFY(junk->detailViewBtn()->isVisible());
+        QVERIFY(junk->rescanBtn()->isVisible());
+
+        // Only appA's folder stays selected.
+        const QList<Category> &categories = AppModuleService::categoriesOf(systemJunk);
+        for (int ci = 0; ci < categories.size(); ++ci) {
+            for (int fi = 0; fi < categories[ci].files.size(); ++fi)
+                AppModuleService::updateState(0, systemJunk, ci, fi, std::nullopt);
+        }
+        const auto [ci, fi] = itemOf(systemJunk, "User Cache", "appA");
+        QVERIFY(fi >= 0);
+        AppModuleService::updateState(1, systemJunk, ci, fi, std::nullopt);
+        junk->updateDetailView();
+        QCOMPARE(junk->statusTextField()->text(),
+                 "Selected: " + KestalSuperViewController::byteString(40000));
+
+        auto question = answerNextMessageBox("Confirm");
+        QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
+        QVERIFY(question->shown);
+        QCOMPARE(question->title, QString("Confirmation"));
+        QCOMPARE(question->text, QString("Are you sure to delete selected files?"));
+        QCOMPARE(stateOf(systemJunk), viewStatus::cleanning);
+        auto *cleaning = right()->topSwitch()->cleaningAndLog(systemJunk);
+        QCOMPARE(topOnScreen(), cleaning);
+        QVERIFY(junk->cleanningViewBtn()->isVisible());
+        QVERIFY(!junk->cleanningViewBtn()->isEnabled());
+
+        QTRY_COMPARE(stateOf(systemJunk), viewStatus::cleandone);
+        QVERIFY(!QFile::exists(m_home->path(".cache/appA")));
+        QVERIFY(QFile::exists(m_home->path(".cache/appB/keep.bin")));
+        QVERIFY(QFile::exists(m_home->path(".local/share/xorg/Xorg.0.log.old")));
+        QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(systemJunk).first, 40000);
+        QCOMPARE(itemOf(systemJunk, "User Cache", "appA").second, -1);
+        QCOMPARE(itemOf(systemJunk, "User Cache", "appB").second >= 0, true);
+
+        // Every category row ends with a tick, the cleaned one with its size.
+        QTreeWidget *rows = cleaning->cleanningTableView();
+        QCOMPARE(rows->topLevelItemCount(), int(categories.size()));
+        for (int row = 0; row < rows->topLevelItemCount(); ++row)
+            QCOMPARE(rows->topLevelItem(row)->data(0, Qt::UserRole).toString(),
+                     QString("LogViewSuccess"));
+        QCOMPARE(rows->topLevelItem(ci)->text(1), KestalSuperViewController::byteString(40000));
+
+        QTest::mouseClick(junk->cleandoneViewBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(systemJunk), viewStatus::showLog);
+        QVERIFY(cleaning->logTableView()->isVisible());
+        QCOMPARE(cleaning->logTableView()->topLevelItem(0)->text(0), QString("Nothing failed."));
+        QTest::mouseClick(junk->showLogViewBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(systemJunk), viewStatus::cleandone);
+
+        QTest::mouseClick(junk->rescanBtn(), Qt::LeftButton);
+        QTRY_COMPARE(stateOf(systemJunk), viewStatus::scandone_NoEmpty);
+    }
+
+    void cancelledConfirmationChangesNothing()
+    {
+        auto *junk = bar(systemJunk);
+        scanToResult(systemJunk);
+        QTest::mouseClick(junk->scandoneViewBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(systemJunk), viewStatus::detail);
+        const qint64 found = CategoryTotals::instanceTotalSize(systemJunk);
+        const auto selected = AppModuleService::calculateModuleSizeAndNumber(systemJunk);
+        QVERIFY(selected.second > 0);
+
+        auto question = answerNextMessageBox("Cancel");
+        QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
+        QVERIFY(question->shown);
+        QCOMPARE(stateOf(systemJunk), viewStatus::detail);
+        QCOMPARE(topOnScreen(),
+                 right()->topSwitch()->widget(
+                     KestalSuperViewController::tabChildrenDict().value("SystemJunk Detail")));
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(systemJunk), selected);
+        QCOMPARE(CategoryTotals::instanceTotalSize(systemJunk), found);
+        QVERIFY(QFile::exists(m_home->path(".cache/appA/blob.bin")));
+        QVERIFY(!KestalService::cleanTotalSizeAndNumber().contains(systemJunk) ||
+                KestalService::cleanTotalSizeAndNumber().value(systemJunk).second == 0);
+    }
+
+    // Two modules scan at once while a third is on screen, which stays as it was.
+    void twoScansOffScreen()
+    {
+        show(systemJunk);
+        QTest::mouseClick(bar(systemJunk)->overViewScanBtn(), Qt::LeftButton);
+        show(trashBin);
+        QTest::mouseClick(bar(trashBin)->overViewScanBtn(), Qt::LeftButton);
+        show(photoCache);
+        QCOMPARE(stateOf(systemJunk), viewStatus::scanning);
+        QTRY_COMPARE(stateOf(systemJunk), viewStatus::scandone_NoEmpty);
+        QTRY_COMPARE(stateOf(trashBin), viewStatus::scandone_NoEmpty);
+        QCOMPARE(stateOf(photoCache), viewStatus::overview);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->overViewAndScan(photoCache));
+        QCOMPARE(right()->bottomSwitch()->currentWidget(), bar(photoCache));
+        QVERIFY(bar(photoCache)->overViewScanBtn()->isVisible());
+
+        show(trashBin);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(trashBin));
+        QVERIFY(CategoryTotals::instanceTotalSize(trashBin) >= 6000);
+    }
+
+    // A stop waits a second: with nothing found the result says so, with
+    // something found the review opens on it.
+    void stopWithAndWithoutFindings()
+    {
+        auto *junk = bar(systemJunk);
+        show(systemJunk);
+        QTest::mouseClick(junk->overViewScanBtn(), Qt::LeftButton);
+        QVERIFY(junk->scanningscanBtn()->isVisible());
+        QTest::mouseClick(junk->scanningscanBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(systemJunk), viewStatus::scanning);
+        QTRY_COMPARE(stateOf(systemJunk), viewStatus::scandone_Empty);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(systemJunk));
+
+        // Stop as soon as the first category (User Cache) has come in.
+        auto stopOnFindings =
+            connect(junk, &KestalRightBottomViewController::moduleRowChanged, junk, [junk] {
+                if (junk->status() == viewStatus::scanning &&
+                    CategoryTotals::instanceTotalSize(systemJunk) > 0)
+                    junk->scanningscanBtn()->click();
+            });
+        QTest::mouseClick(junk->rescanBtn(), Qt::LeftButton);
+        QTRY_COMPARE(stateOf(systemJunk), viewStatus::detail);
+        disconnect(stopOnFindings);
+        QVERIFY(junk->detailViewBtn()->isVisible());
+        QCOMPARE(itemOf(systemJunk, "User Logs", "Xorg.0.log.old").second, -1);
+    }
+};
+
+QTEST_MAIN(ModuleWorkflowTest)
+#include "test_module_workflow.moc"
