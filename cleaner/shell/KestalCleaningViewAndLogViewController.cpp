@@ -14,6 +14,7 @@
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <optional>
 
 namespace {
 
@@ -57,6 +58,34 @@ QList<const cleanFolder *> failedItems(const cleanFolder &entry)
 QList<Category> categoriesOf(int moduleIndex)
 {
     return AppModuleService::appModules().at(moduleIndex).categories.value_or(QList<Category>());
+}
+
+// What the plan says of a category the run reported nothing about: the size
+// of what went, and a failure status when something stayed.
+CleanTriple outcomeOfPlan(const QList<cleanCategory> &plan, int ci)
+{
+    CleanTriple outcome{999, 0, 0};
+    for (const cleanCategory &category : plan) {
+        if (category.ci != ci)
+            continue;
+        for (const cleanFolder &entry : category.folders) {
+            const QList<const cleanFolder *> failed = failedItems(entry);
+            if (!failed.isEmpty())
+                outcome.status = failed.first()->status;
+            if (entry.children.isEmpty() && (entry.status == 1 || entry.status == 999) &&
+                entry.folder) {
+                outcome.size += entry.folder->size;
+                ++outcome.number;
+            }
+            for (const cleanFolder &child : entry.children) {
+                if ((child.status == 1 || child.status == 999) && child.folder) {
+                    outcome.size += child.folder->size;
+                    ++outcome.number;
+                }
+            }
+        }
+    }
+    return outcome;
 }
 
 bool hasChecked(const Category &category)
@@ -119,23 +148,34 @@ void KestalCleaningViewAndLogViewController::fillCleanning()
     const QHash<int, CleanTriple> results =
         KestalService::cleanningCompletedStatus().value(m_moduleIndex);
     const QSize side(rowImageSide, rowImageSide);
+    // After the run the plan is the main thread's to read; it speaks for the
+    // categories whose report never came (the helper could not be reached).
+    const bool ended = m_status != viewStatus::cleanning;
+    const QList<cleanCategory> plan =
+        ended ? KestalModuleCleanService::cleanInfoDict().value(m_moduleIndex)
+              : QList<cleanCategory>();
     for (qsizetype ci = 0; ci < categories.size(); ++ci) {
         auto *row = new QTreeWidgetItem(m_cleanning);
         row->setText(0, getLocalizedString(categories[ci].title));
         row->setFont(0, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));
+        std::optional<CleanTriple> result;
+        if (results.contains(int(ci)) && results.value(int(ci)).status != 0)
+            result = results.value(int(ci));
+        else if (ended)
+            result = outcomeOfPlan(plan, int(ci));
         QString image;
-        if (!results.contains(int(ci))) {
+        if (!result) {
             // A category with nothing selected shows no progress.
             if (hasChecked(categories[ci]))
                 image = QStringLiteral("Cleanning");
-        } else if (const CleanTriple &r = results.value(int(ci)); r.status == 999) {
+        } else if (result->status == 999) {
             image = QStringLiteral("LogViewSuccess");
-            row->setText(1, byteString(r.size));
+            row->setText(1, byteString(result->size));
         } else {
             image = QStringLiteral("LogViewWarnning");
             row->setText(0, row->text(0) + QStringLiteral("  ") +
                                 getLocalizedString(QStringLiteral("Failed")));
-            row->setText(1, byteString(r.size));
+            row->setText(1, byteString(result->size));
             row->setForeground(0, UIInfo::nsColor(QStringLiteral("error_color")));
         }
         row->setData(0, Qt::UserRole, image);
@@ -181,8 +221,15 @@ bool KestalCleaningViewAndLogViewController::hasFailures(int moduleIndex)
 {
     const auto results = KestalService::cleanningCompletedStatus().value(moduleIndex);
     for (const CleanTriple &r : results) {
-        if (r.status != 999)
+        if (r.status != 999 && r.status != 0)
             return true;
+    }
+    const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(moduleIndex);
+    for (const cleanCategory &category : plan) {
+        for (const cleanFolder &entry : category.folders) {
+            if (!failedItems(entry).isEmpty())
+                return true;
+        }
     }
     return false;
 }

@@ -18,7 +18,8 @@ public:
     // Reads the module's results again; runs on each report of the clean.
     void updateCleanningView() { updateView(); }
 
-    // Whether the last run left items behind (the log button's image).
+    // Whether the last run left items behind (the log button's image); only
+    // after the run's last report.
     static bool hasFailures(int moduleIndex);
     // A path as the log shows it: 36 characters or longer are cut in the middle.
     static QString cutPath(const QString &path);

@@ -29,6 +29,8 @@ constexpr int buttonHeight = 40;
 constexpr int autoCleanupModule = 0;
 constexpr int buttonWidth = 148;
 
+// The run's status when what needs the helper could not go to it.
+constexpr int helperNotAvailable = -2;
 // The wait after a stop, so that the scan's workers see the flag.
 constexpr int stopWaitMs = 1000;
 
@@ -108,14 +110,15 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
                         secondary);
     UIUtil::setBtnStyle(m_showLogViewBtn, getLocalizedString(QStringLiteral("Hide Log")), border,
                         secondary);
-    const QIcon logIcon =
-        ImageStore::icon(KestalCleaningViewAndLogViewController::hasFailures(m_moduleIndex)
-                             ? QStringLiteral("WarnLog")
-                             : QStringLiteral("SuccessLog"));
-    m_cleandoneViewBtn->setIcon(logIcon);
-    m_showLogViewBtn->setIcon(logIcon);
-
     using enum viewStatus;
+    if (status == cleandone || status == showLog) {
+        const QIcon logIcon =
+            ImageStore::icon(KestalCleaningViewAndLogViewController::hasFailures(m_moduleIndex)
+                                 ? QStringLiteral("WarnLog")
+                                 : QStringLiteral("SuccessLog"));
+        m_cleandoneViewBtn->setIcon(logIcon);
+        m_showLogViewBtn->setIcon(logIcon);
+    }
     m_overViewScanBtn->setVisible(status == overview);
     m_overViewScanBtn->setEnabled(canScan());
     m_scanningscanBtn->setVisible(status == scanning);
@@ -378,10 +381,16 @@ void KestalRightBottomViewController::detailViewCleanAction()
         m_moduleIndex, [bar](bool result, int ci, int status, int number, qint64 size) {
             if (!bar)
                 return;
-            if (ci >= 0)
+            if (ci >= 0) {
                 bar->cleanSingleCateDone(ci, status, number, size);
-            else
-                bar->cleanDone(result, size, number);
+                return;
+            }
+            bar->cleanDone(result, size, number);
+            if (status == helperNotAvailable)
+                bar->showAlert(getLocalizedString(QStringLiteral(
+                                   "Some items need administrator rights, and the helper that "
+                                   "removes them could not be started. The log lists them.")),
+                               true);
         });
     const int module = m_moduleIndex;
     Dispatch::globalAsync(

@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 #include "cleaner/shell/LanguageNotifier.h"
 
 #include <QLocale>
@@ -136,4 +137,11 @@ QString KestalSuperViewController::byteString(qint64 size)
 {
     const QLocale locale(SwitchLanguageService::getCurrentLanguage());
     return locale.formattedDataSize(size, 1, QLocale::DataSizeSIFormat);
+}
+
+void KestalSuperViewController::showAlert(const QString &info, bool isWarnning)
+{
+    KestalWarnningAndErrorViewController::desc = info;
+    KestalWarnningAndErrorViewController::isWarnning = isWarnning;
+    KestalWarnningAndErrorViewController::open(window());
 }

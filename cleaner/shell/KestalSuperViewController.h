@@ -45,6 +45,9 @@ public:
     // "Found 12.3 MB" style sizes, in the interface language.
     static QString byteString(qint64 size);
 
+    // Opens the program's small message window over this screen.
+    void showAlert(const QString &info, bool isWarnning = false);
+
 protected:
     // Sets every text of the screen again; runs on each change of language.
     virtual void reloadTexts() {}

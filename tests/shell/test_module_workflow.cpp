@@ -3,6 +3,8 @@
 // home, with the shipped module table and the real clean service.
 
 #include "ShellTestSupport.h"
+#include "cleaner/clean/KestalModuleCleanService.h"
+#include "cleaner/clean/XPCUtil.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
@@ -11,6 +13,7 @@
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 #include "cleaner/shell/KestalRootViewController.h"
+#include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 #include "support/TreeBuilder.h"
 
 #include <QLabel>
@@ -83,7 +86,16 @@ private:
     }
 
 private slots:
-    void initTestCase() { isolateUserSettings(); }
+    void initTestCase()
+    {
+        isolateUserSettings();
+        // What the process may not remove goes to the real service, which
+        // finds no helper here: such items fail and the log tells why.
+        qputenv("BRENLOW_SERVICE_PATH",
+                QByteArray(BRENLOW_TEST_BINARY_DIR) + "/libexec/brenlow/brenlow-service");
+        qputenv("BRENLOW_HELPER_PATH", "/nonexistent/brenlow-helper");
+        qputenv("BRENLOW_HELPER_LAUNCHER", "");
+    }
 
     void init()
     {
@@ -105,6 +117,8 @@ private slots:
 
     void cleanup()
     {
+        XPCUtil::shutdown();
+        KestalModuleCleanService::reset();
         m_window.reset();
         m_home.reset();
         m_env.reset();
@@ -246,6 +260,61 @@ private slots:
         disconnect(stopOnFindings);
         QVERIFY(junk->detailViewBtn()->isVisible());
         QCOMPARE(itemOf(systemJunk, "User Logs", "Xorg.0.log.old").second, -1);
+    }
+
+    // An item that vanished after the scan is refused in process, and the
+    // helper is not there: the row warns, a window says why, and the log
+    // names the item, its path cut, with the reason.
+    void failuresReachTheLog()
+    {
+        auto *junk = bar(systemJunk);
+        scanToResult(systemJunk);
+        QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
+        QVERIFY(QDir(m_home->path(".cache/appB")).removeRecursively());
+        const auto [ci, fi] = itemOf(systemJunk, "User Cache", "appB");
+        QVERIFY(fi >= 0);
+
+        answerNextMessageBox("Confirm");
+        QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(systemJunk), viewStatus::cleandone, 20000);
+        QVERIFY(!QFile::exists(m_home->path(".cache/appA")));
+        QVERIFY(!QFile::exists(m_home->path(".local/share/xorg/Xorg.0.log.old")));
+
+        QTRY_VERIFY(qobject_cast<KestalWarnningAndErrorViewController *>(
+            QApplication::activeModalWidget()));
+        auto *warning =
+            qobject_cast<KestalWarnningAndErrorViewController *>(QApplication::activeModalWidget());
+        QCOMPARE(warning->titleLabel()->text(), QString("Warn"));
+        QVERIFY(!warning->descriptionLabel()->text().isEmpty());
+        QTest::mouseClick(warning->okButton(), Qt::LeftButton);
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+
+        auto *cleaning = right()->topSwitch()->cleaningAndLog(systemJunk);
+        QTreeWidgetItem *row = cleaning->cleanningTableView()->topLevelItem(ci);
+        QCOMPARE(row->data(0, Qt::UserRole).toString(), QString("LogViewWarnning"));
+        QVERIFY(row->text(0).endsWith("Failed"));
+        QVERIFY(KestalCleaningViewAndLogViewController::hasFailures(systemJunk));
+
+        QTest::mouseClick(junk->cleandoneViewBtn(), Qt::LeftButton);
+        QTreeWidget *log = cleaning->logTableView();
+        QCOMPARE(log->topLevelItemCount(), 2); // the category, then its one line
+        QCOMPARE(log->topLevelItem(0)->text(0), QString("User Cache"));
+        const QString path = m_home->path(".cache/appB");
+        QCOMPARE(log->topLevelItem(1)->toolTip(0), path);
+        QCOMPARE(log->topLevelItem(1)->text(0),
+                 KestalCleaningViewAndLogViewController::cutPath(path));
+        QCOMPARE(log->topLevelItem(1)->text(1), QString("get root fail"));
+    }
+
+    void longPathsAreCut()
+    {
+        const QString short35(35, 'a');
+        QCOMPARE(KestalCleaningViewAndLogViewController::cutPath(short35), short35);
+        const QString long36 = "/start" + QString(24, 'x') + "/end.f";
+        QCOMPARE(long36.size(), 36);
+        const QString cut = KestalCleaningViewAndLogViewController::cutPath(long36);
+        QVERIFY(cut.size() < 36);
+        QVERIFY(cut.startsWith("/start") && cut.endsWith("/end.f") && cut.contains("..."));
     }
 };
 
