@@ -13,6 +13,7 @@
 #include <optional>
 
 struct FolderUrl;
+class DeleteFilesProgressProtocol;
 class FolderInfo;
 using FolderInfoPtr = std::shared_ptr<FolderInfo>;
 
@@ -101,6 +102,12 @@ public:
     static QString getUserHomeDirectory();
     // Plain removal, when the parent folder allows it; false on any failure.
     static bool deleteFile(const QUrl &url);
+    // Hands items to the privileged helper to be shredded (for the Eraser) or
+    // moved in or out of use (for Extensions); the delegate hears the reports.
+    static void helperToolShredFiles(const QList<QUrl> &urls,
+                                     std::shared_ptr<DeleteFilesProgressProtocol> delegate);
+    static void helperToolMoveFiles(const QList<QUrl> &urls,
+                                    std::shared_ptr<DeleteFilesProgressProtocol> delegate);
 
     // Builds a node from an item's values (the shape every walk shares).
     static FolderInfoPtr nodeFromValues(const ResourceValues &values, int findex, int checked);

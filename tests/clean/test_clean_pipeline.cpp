@@ -240,6 +240,38 @@ private slots:
         QCOMPARE(XPCUtil::serviceIdentifier(QStringLiteral("Other")), QString());
     }
 
+    // The file tree's shred and move entry points reach the helper as their
+    // own kinds of request, for the Eraser and Extensions modules.
+    void shredAndMoveEntryPointsReachTheHelper()
+    {
+        TestEnvironment env;
+        writeModule(env, {});
+        TreeBuilder tree;
+        const QString file = tree.file(QStringLiteral("keep me"), 4);
+        struct Sink : DeleteFilesProgressProtocol {
+            QList<std::pair<int, PathMap>> done;
+            void installFail(const QString &, int) override {}
+            void processed(const QString &, qint64, int) override {}
+            void finished(bool, const PathMap &folders, int module) override
+            {
+                done.append({module, folders});
+            }
+        };
+        auto shred = std::make_shared<Sink>();
+        auto move = std::make_shared<Sink>();
+        const QUrl url = FolderInfo::urlFromPath(file);
+        FolderInfo::helperToolShredFiles({url}, shred);
+        QTRY_COMPARE_WITH_TIMEOUT(shred->done.size(), 1, 20000);
+        FolderInfo::helperToolMoveFiles({url}, move);
+        QTRY_COMPARE_WITH_TIMEOUT(move->done.size(), 1, 20000);
+        QCOMPARE(shred->done[0].first, 10);
+        QCOMPARE(move->done[0].first, 12);
+        // Neither kind is carried out yet: the item is answered "nocause" and stays.
+        for (const auto &[module, folders] : {shred->done[0], move->done[0]})
+            QCOMPARE(folders.value(FolderInfo::absoluteString(url)).last(), 4);
+        QVERIFY(QFile::exists(file));
+    }
+
     void editionWithoutAFileNameStops()
     {
         TestEnvironment env;
