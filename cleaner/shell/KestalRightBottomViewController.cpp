@@ -10,6 +10,7 @@
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
+#include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
@@ -85,6 +86,15 @@ KestalRightBottomViewController::KestalRightBottomViewController(int moduleIndex
     for (const auto &[button, action] : actions) {
         connect(button, &QPushButton::clicked, this, action);
         layout->addWidget(button);
+    }
+    // The review's top child tells of new selections and of its back button.
+    if (KestalDetailViewController *review = m_split->topSwitch()->detail(moduleIndex)) {
+        connect(review, &KestalDetailViewController::selectionChanged, this,
+                &KestalRightBottomViewController::updateDetailView);
+        connect(review, &KestalDetailViewController::backRequested, this, [this] {
+            if (m_status == viewStatus::detail)
+                updateReScanView(viewStatus::scandone_NoEmpty);
+        });
     }
     changeViewStatus(viewStatus::overview);
 }

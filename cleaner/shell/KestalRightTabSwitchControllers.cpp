@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
+#include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -20,9 +21,10 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         m_overViews.insert(i, overView);
         auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
+        auto *detail = new KestalDetailViewController(i, this);
         m_cleanings.insert(i, cleaning);
-        // One child of each kind, in the order of the kinds; the review page
-        // stands empty until it is built.
+        m_details.insert(i, detail);
+        // One child of each kind, in the order of the kinds.
         for (int kind = 0; kind < int(TopChild::count); ++kind) {
             QWidget *child = nullptr;
             if (kind == int(TopChild::overviewAndScan))
@@ -32,7 +34,7 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
             else if (kind == int(TopChild::cleaningAndLog))
                 child = cleaning;
             else
-                child = new QWidget(this);
+                child = detail;
             addWidget(child);
         }
     }
@@ -56,6 +58,11 @@ KestalRightTopTabSwitchController::cleaningAndLog(int moduleIndex) const
     return m_cleanings.value(moduleIndex);
 }
 
+KestalDetailViewController *KestalRightTopTabSwitchController::detail(int moduleIndex) const
+{
+    return m_details.value(moduleIndex);
+}
+
 void KestalRightTopTabSwitchController::swap(const QString &tab, viewStatus status)
 {
     const QString key = tab + KestalSuperViewController::viewStatusDict(status).second;
@@ -73,6 +80,9 @@ void KestalRightTopTabSwitchController::updateTopMessageViewStatus(viewStatus up
     if (kind == TopChild::showMessage) {
         if (auto *message = showMessage(moduleIndex))
             message->changeViewStatus(updateStatus);
+    } else if (kind == TopChild::detail) {
+        if (auto *review = detail(moduleIndex))
+            review->reloadData();
     } else if (kind == TopChild::cleaningAndLog) {
         if (auto *cleaning = cleaningAndLog(moduleIndex))
             cleaning->changeViewStatus(updateStatus);

@@ -6,6 +6,7 @@
 #include <QStackedWidget>
 
 class KestalCleaningViewAndLogViewController;
+class KestalDetailViewController;
 class KestalRightBottomViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -23,6 +24,7 @@ public:
     KestalRightTopOverViewAndScanViewController *overViewAndScan(int moduleIndex) const;
     KestalRightTopShowMessageViewController *showMessage(int moduleIndex) const;
     KestalCleaningViewAndLogViewController *cleaningAndLog(int moduleIndex) const;
+    KestalDetailViewController *detail(int moduleIndex) const;
     // Brings the child that shows `status` of `tab` to the front.
     void swap(const QString &tab, viewStatus status);
     // Sets the top child that shows `updateStatus` of the module to that state.
@@ -33,6 +35,7 @@ private:
     QHash<int, KestalRightTopOverViewAndScanViewController *> m_overViews;
     QHash<int, KestalRightTopShowMessageViewController *> m_messages;
     QHash<int, KestalCleaningViewAndLogViewController *> m_cleanings;
+    QHash<int, KestalDetailViewController *> m_details;
 };
 
 // Holds the bottom bar of every module, at the positions of

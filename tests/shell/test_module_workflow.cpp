@@ -2,22 +2,16 @@
 // result, review, confirmation, clean and log, over a tree in the test's
 // home, with the shipped module table and the real clean service.
 
-#include "ShellTestSupport.h"
-#include "cleaner/clean/KestalModuleCleanService.h"
-#include "cleaner/clean/XPCUtil.h"
+#include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
-#include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
-#include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalWarnningAndErrorViewController.h"
-#include "support/TreeBuilder.h"
 
 #include <QLabel>
-#include <QMainWindow>
 #include <QTreeWidget>
 
 using viewStatus = KestalSuperViewController::viewStatus;
@@ -49,12 +43,10 @@ class ModuleWorkflowTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<ShellEnvironment> m_env;
-    std::unique_ptr<TreeBuilder> m_home;
-    std::unique_ptr<QMainWindow> m_window;
-    KestalRootViewController *m_root = nullptr;
+    std::unique_ptr<ShippedWindow> m_world;
+    TreeBuilder *m_home = nullptr;
 
-    KestalRightSplitController *right() const { return m_root->rightSplit(); }
+    KestalRightSplitController *right() const { return m_world->right(); }
     KestalRightBottomViewController *bar(int module) const
     {
         return right()->bottomSwitch()->barOfModule(module);
@@ -66,17 +58,7 @@ private:
             AppModuleService::appModules().at(module).tab);
     }
 
-    void show(int module)
-    {
-        auto *left = m_root->leftTable();
-        for (int row = 0; row < left->count(); ++row) {
-            if (left->moduleOfRow(row) != module)
-                continue;
-            const QRect rect = left->visualItemRect(left->item(row));
-            QTest::mouseClick(left->viewport(), Qt::LeftButton, {}, rect.center());
-        }
-        QCOMPARE(KestalLeftTableViewController::currentRow, module);
-    }
+    void show(int module) { m_world->show(module); }
 
     void scanToResult(int module)
     {
@@ -99,30 +81,17 @@ private slots:
 
     void init()
     {
-        m_env = std::make_unique<ShellEnvironment>();
-        m_env->useShippedResources();
-        TestEnvironment::resetCaches();
-        ShellEnvironment::resetShell();
-        m_home = std::make_unique<TreeBuilder>(m_env->home());
+        m_world = std::make_unique<ShippedWindow>();
+        m_home = &m_world->home;
         m_home->file(".cache/appA/blob.bin", 40000);
         m_home->file(".cache/appB/keep.bin", 30000);
         m_home->file(".local/share/xorg/Xorg.0.log.old", 5000);
         m_home->file(".local/share/Trash/files/old.txt", 6000);
         m_home->file(".local/share/Trash/info/old.txt.trashinfo", 60);
-        m_window.reset(KestalRootViewController::instantiateMainWindow());
-        m_root = KestalRootViewController::rootOf(m_window.get());
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        m_world->open();
     }
 
-    void cleanup()
-    {
-        XPCUtil::shutdown();
-        KestalModuleCleanService::reset();
-        m_window.reset();
-        m_home.reset();
-        m_env.reset();
-    }
+    void cleanup() { m_world.reset(); }
 
     // Scan, result, review, a selection of one item, confirmation, cleaning,
     // clean done and log: the selected item goes, the rest stays.

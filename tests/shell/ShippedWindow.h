@@ -1,0 +1,56 @@
+#pragma once
+
+// The main window over the shipped module table, in a world whose home the
+// test fills before it opens the window.
+#include "ShellTestSupport.h"
+#include "cleaner/clean/KestalModuleCleanService.h"
+#include "cleaner/clean/XPCUtil.h"
+#include "cleaner/shell/KestalRightSplitController.h"
+#include "cleaner/shell/KestalRootViewController.h"
+#include "support/TreeBuilder.h"
+
+#include <QMainWindow>
+
+class ShippedWindow {
+public:
+    ShippedWindow()
+    {
+        env.useShippedResources();
+        TestEnvironment::resetCaches();
+        ShellEnvironment::resetShell();
+    }
+
+    ~ShippedWindow()
+    {
+        XPCUtil::shutdown();
+        KestalModuleCleanService::reset();
+        window.reset();
+    }
+
+    void open()
+    {
+        window.reset(KestalRootViewController::instantiateMainWindow());
+        root = KestalRootViewController::rootOf(window.get());
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    KestalRightSplitController *right() const { return root->rightSplit(); }
+
+    // Chooses the module's row in the left list with the mouse.
+    void show(int module)
+    {
+        auto *left = root->leftTable();
+        for (int row = 0; row < left->count(); ++row) {
+            if (left->moduleOfRow(row) == module)
+                QTest::mouseClick(left->viewport(), Qt::LeftButton, {},
+                                  left->visualItemRect(left->item(row)).center());
+        }
+        QCOMPARE(KestalLeftTableViewController::currentRow, module);
+    }
+
+    ShellEnvironment env;
+    TreeBuilder home{env.home()};
+    std::unique_ptr<QMainWindow> window;
+    KestalRootViewController *root = nullptr;
+};

@@ -1,0 +1,176 @@
+// The review of a System Junk scan on the real main window: tick boxes
+// through the module table, the mixed state, select all, sorting, search,
+// the date column, the file manager, and a clean of what stays ticked.
+
+#include "ShippedWindow.h"
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/shell/KestalDetailViewController.h"
+#include "cleaner/shell/KestalRightBottomViewController.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+using viewStatus = KestalSuperViewController::viewStatus;
+
+namespace {
+
+constexpr int systemJunk = 1;
+
+QStringList namesOf(QTreeWidget *list)
+{
+    QStringList names;
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        names.append(list->topLevelItem(i)->text(0));
+    return names;
+}
+
+QTreeWidgetItem *rowNamed(QTreeWidget *list, const QString &name)
+{
+    const QList<QTreeWidgetItem *> found = list->findItems(name, Qt::MatchExactly);
+    return found.isEmpty() ? nullptr : found.first();
+}
+
+} // namespace
+
+class DetailReviewTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ShippedWindow> m_world;
+    TreeBuilder *m_home = nullptr;
+    KestalRightBottomViewController *m_bar = nullptr;
+    KestalDetailViewController *m_review = nullptr;
+
+    viewStatus state() const { return KestalSuperViewController::currentStatus("SystemJunk"); }
+
+    // Clicks a row's tick box, as a user does, and lets the lists rebuild.
+    void tick(QTreeWidgetItem *row)
+    {
+        row->setCheckState(0, row->checkState(0) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+        QCoreApplication::processEvents();
+    }
+
+private slots:
+    void initTestCase() { isolateUserSettings(); }
+
+    void init()
+    {
+        m_world = std::make_unique<ShippedWindow>();
+        m_home = &m_world->home;
+        const QDateTime when(QDate(2018, 6, 1), QTime(9, 30));
+        m_home->file(".cache/beta/one.bin", 1000, when);
+        m_home->file(".cache/beta/two.bin", 2000, when);
+        m_home->file(".cache/alpha/blob.bin", 50000, when);
+        m_home->file(".cache/gamma/x.bin", 30000, when);
+        m_home->file(".cache/loose.log", 100, when);
+        m_home->file(".local/share/xorg/Xorg.0.log.old", 5000, when);
+        m_world->open();
+        KestalRightSplitController *right = m_world->right();
+        m_bar = right->bottomSwitch()->barOfModule(systemJunk);
+        m_review = right->topSwitch()->detail(systemJunk);
+        m_world->show(systemJunk);
+        QTest::mouseClick(m_bar->overViewScanBtn(), Qt::LeftButton);
+        QTRY_COMPARE(state(), viewStatus::scandone_NoEmpty);
+        QTest::mouseClick(m_bar->reviewBtn(), Qt::LeftButton);
+        QCOMPARE(right->topSwitch()->currentWidget(), m_review);
+    }
+
+    void cleanup() { m_world.reset(); }
+
+    void ticksSelectAllAndTheMixedState()
+    {
+        QTreeWidget *files = m_review->rightOutlineView();
+        QCOMPARE(m_review->leftCategoryTableView()->currentItem()->text(0), QString("User Cache"));
+        // Largest first, until the user sorts otherwise.
+        QCOMPARE(namesOf(files), (QStringList{"alpha", "gamma", "beta", "loose.log"}));
+        QCheckBox *all = m_review->updateAllDetailBtn();
+        QCOMPARE(all->text(), QString("Deselect All"));
+
+        all->click();
+        QCOMPARE(all->text(), QString("Select All"));
+        QCOMPARE(AppModuleService::categoriesOf(systemJunk)[0].state, 0);
+        QCOMPARE(rowNamed(files, "alpha")->checkState(0), Qt::Unchecked);
+
+        tick(rowNamed(files, "gamma"));
+        QCOMPARE(AppModuleService::categoriesOf(systemJunk)[0].state, -1);
+        QCOMPARE(all->checkState(), Qt::PartiallyChecked);
+        QCOMPARE(all->text(), QString("Select All"));
+        QVERIFY(m_bar->statusTextField()->text().startsWith("Selected: "));
+
+        // A mixed box turns on first.
+        all->click();
+        QCOMPARE(all->text(), QString("Deselect All"));
+        QCOMPARE(AppModuleService::categoriesOf(systemJunk)[0].state, 1);
+    }
+
+    void sortingSearchDatesAndTheFileManager()
+    {
+        QTreeWidget *files = m_review->rightOutlineView();
+        m_review->sort("ascending", "name");
+        QCOMPARE(namesOf(files), (QStringList{"alpha", "beta", "gamma", "loose.log"}));
+        m_review->sort("sideways", "size"); // the direction stays
+        QCOMPARE(namesOf(files), (QStringList{"loose.log", "beta", "gamma", "alpha"}));
+
+        m_review->updateAllDetailBtn()->click(); // all off
+        tick(rowNamed(files, "alpha"));
+        tick(rowNamed(files, "beta"));
+        m_review->sort("descending", "selection");
+        QStringList ticked = namesOf(files).mid(0, 2);
+        ticked.sort();
+        QCOMPARE(ticked, (QStringList{"alpha", "beta"}));
+
+        QCOMPARE(rowNamed(files, "loose.log")->text(2), QString("2018-06-01 09:30"));
+
+        QVERIFY(KestalDetailViewController::openFolderPathAction(
+            *AppModuleService::categoriesOf(systemJunk)[0].files.first()));
+        QCOMPARE(m_world->env.opened.size(), 1);
+        QCOMPARE(m_world->env.opened.first(), QUrl::fromLocalFile(m_home->path(".cache")));
+
+        // Case does not matter; a fruitless search says so and restores the list.
+        m_review->searchField()->setText("LOGS");
+        m_review->searchDetaiAction();
+        QCOMPARE(namesOf(m_review->leftCategoryTableView()), QStringList{"User Logs"});
+        QCOMPARE(namesOf(files), QStringList{"Xorg.0.log.old"});
+        const int categories = int(AppModuleService::categoriesOf(systemJunk).size());
+        auto box = answerNextMessageBox("OK");
+        m_review->searchField()->setText("zzz");
+        m_review->searchDetaiAction();
+        QVERIFY(box->shown);
+        QCOMPARE(box->title, QString("Error"));
+        QCOMPARE(box->text, QString("This category is empty!"));
+        QCOMPARE(m_review->searchField()->text(), QString());
+        QCOMPARE(m_review->leftCategoryTableView()->topLevelItemCount(), categories);
+
+        QTest::mouseClick(m_review->rightTopBackBtn(), Qt::LeftButton);
+        QCOMPARE(state(), viewStatus::scandone_NoEmpty);
+    }
+
+    // Only what stays ticked goes.
+    void cleanOfTheTickedItemsOnly()
+    {
+        for (int ci = 0; ci < m_review->leftCategoryTableView()->topLevelItemCount(); ++ci) {
+            QTreeWidgetItem *category = m_review->leftCategoryTableView()->topLevelItem(ci);
+            if (category->checkState(0) != Qt::Unchecked)
+                tick(category);
+        }
+        QCOMPARE(m_bar->statusTextField()->text(),
+                 "Selected: " + KestalSuperViewController::byteString(0));
+        QVERIFY(!m_bar->detailViewBtn()->isEnabled());
+        tick(rowNamed(m_review->rightOutlineView(), "gamma"));
+        QCOMPARE(m_bar->statusTextField()->text(),
+                 "Selected: " + KestalSuperViewController::byteString(30000));
+
+        answerNextMessageBox("Confirm");
+        QTest::mouseClick(m_bar->detailViewBtn(), Qt::LeftButton);
+        QTRY_COMPARE(state(), viewStatus::cleandone);
+        QVERIFY(!QFile::exists(m_home->path(".cache/gamma")));
+        for (const char *kept : {".cache/beta/two.bin", ".cache/alpha/blob.bin", ".cache/loose.log",
+                                 ".local/share/xorg/Xorg.0.log.old"})
+            QVERIFY2(QFile::exists(m_home->path(kept)), kept);
+    }
+};
+
+QTEST_MAIN(DetailReviewTest)
+#include "test_detail_review.moc"
