@@ -4,6 +4,7 @@
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/UIInfo.h"
@@ -62,12 +63,14 @@ QList<Category> categoriesOf(int moduleIndex)
 
 // What the plan says of a category the run reported nothing about: the size
 // of what went, and a failure status when something stayed.
-CleanTriple outcomeOfPlan(const QList<cleanCategory> &plan, int ci)
+std::optional<CleanTriple> outcomeOfPlan(const QList<cleanCategory> &plan, int ci)
 {
-    CleanTriple outcome{999, 0, 0};
+    std::optional<CleanTriple> found;
     for (const cleanCategory &category : plan) {
         if (category.ci != ci)
             continue;
+        found = CleanTriple{999, 0, 0};
+        CleanTriple &outcome = *found;
         for (const cleanFolder &entry : category.folders) {
             const QList<const cleanFolder *> failed = failedItems(entry);
             if (!failed.isEmpty())
@@ -85,12 +88,25 @@ CleanTriple outcomeOfPlan(const QList<cleanCategory> &plan, int ci)
             }
         }
     }
-    return outcome;
+    return found;
 }
 
 bool hasChecked(const Category &category)
 {
-    return category.state != 0 && !category.files.isEmpty();
+    return category.state != 0 && (!category.files.isEmpty() || category.size > 0);
+}
+
+// The modules whose plans make a module's log: Auto Cleanup's are its children's.
+QList<int> logModules(int moduleIndex)
+{
+    if (moduleIndex != 0)
+        return {moduleIndex};
+    QList<int> children;
+    for (const Category &c : categoriesOf(0)) {
+        if (const int child = KestalAutoCleanupService::childModuleIndex(c.title); child >= 0)
+            children.append(child);
+    }
+    return children;
 }
 
 } // namespace
@@ -166,7 +182,7 @@ void KestalCleaningViewAndLogViewController::fillCleanning()
         QString image;
         if (!result) {
             // A category with nothing selected shows no progress.
-            if (hasChecked(categories[ci]))
+            if (!ended && hasChecked(categories[ci]))
                 image = QStringLiteral("Cleanning");
         } else if (result->status == 999) {
             image = QStringLiteral("LogViewSuccess");
@@ -189,28 +205,29 @@ void KestalCleaningViewAndLogViewController::fillLog()
 {
     // Read only after the run's last report: the plan is the clean's own until then.
     m_log->clear();
-    const QList<Category> categories = categoriesOf(m_moduleIndex);
-    const QList<cleanCategory> plan =
-        KestalModuleCleanService::cleanInfoDict().value(m_moduleIndex);
-    for (const cleanCategory &category : plan) {
-        QList<const cleanFolder *> failed;
-        for (const cleanFolder &entry : category.folders)
-            failed += failedItems(entry);
-        if (failed.isEmpty())
-            continue;
-        auto *heading = new QTreeWidgetItem(m_log);
-        heading->setText(0, category.ci < categories.size()
-                                ? getLocalizedString(categories[category.ci].title)
-                                : QString());
-        heading->setFont(0, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));
-        for (const cleanFolder *item : std::as_const(failed)) {
-            auto *line = new QTreeWidgetItem(m_log);
-            const QString path = Services::handleString(item->folder->absoluteString());
-            line->setText(0, cutPath(path));
-            line->setToolTip(0, path);
-            line->setText(1, cleanFailureReason(item->status));
-            line->setFont(0, UIInfo::nsFont(QStringLiteral("log_path_font")));
-            line->setFont(1, UIInfo::nsFont(QStringLiteral("log_reason_font")));
+    for (const int module : logModules(m_moduleIndex)) {
+        const QList<Category> categories = categoriesOf(module);
+        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(module);
+        for (const cleanCategory &category : plan) {
+            QList<const cleanFolder *> failed;
+            for (const cleanFolder &entry : category.folders)
+                failed += failedItems(entry);
+            if (failed.isEmpty())
+                continue;
+            auto *heading = new QTreeWidgetItem(m_log);
+            heading->setText(0, category.ci < categories.size()
+                                    ? getLocalizedString(categories[category.ci].title)
+                                    : QString());
+            heading->setFont(0, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));
+            for (const cleanFolder *item : std::as_const(failed)) {
+                auto *line = new QTreeWidgetItem(m_log);
+                const QString path = Services::handleString(item->folder->absoluteString());
+                line->setText(0, cutPath(path));
+                line->setToolTip(0, path);
+                line->setText(1, cleanFailureReason(item->status));
+                line->setFont(0, UIInfo::nsFont(QStringLiteral("log_path_font")));
+                line->setFont(1, UIInfo::nsFont(QStringLiteral("log_reason_font")));
+            }
         }
     }
     if (m_log->topLevelItemCount() == 0)
@@ -224,11 +241,13 @@ bool KestalCleaningViewAndLogViewController::hasFailures(int moduleIndex)
         if (r.status != 999 && r.status != 0)
             return true;
     }
-    const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(moduleIndex);
-    for (const cleanCategory &category : plan) {
-        for (const cleanFolder &entry : category.folders) {
-            if (!failedItems(entry).isEmpty())
-                return true;
+    for (const int module : logModules(moduleIndex)) {
+        for (const cleanCategory &category :
+             KestalModuleCleanService::cleanInfoDict().value(module)) {
+            for (const cleanFolder &entry : category.folders) {
+                if (!failedItems(entry).isEmpty())
+                    return true;
+            }
         }
     }
     return false;

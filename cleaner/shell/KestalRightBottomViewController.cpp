@@ -5,7 +5,6 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
@@ -26,8 +25,6 @@
 namespace {
 
 constexpr int buttonHeight = 40;
-// Auto Cleanup scans the junk modules instead of roots of its own.
-constexpr int autoCleanupModule = 0;
 constexpr int buttonWidth = 148;
 
 // The run's status when what needs the helper could not go to it.
@@ -134,11 +131,11 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
     m_scanningscanBtn->setVisible(status == scanning);
     m_rescanBtn->setVisible(status == scandone_Empty || status == scandone_NoEmpty ||
                             status == detail || status == cleandone);
-    m_reviewBtn->setVisible(status == scandone_NoEmpty);
+    m_reviewBtn->setVisible(status == scandone_NoEmpty && hasReview());
     m_scandoneViewBtn->setVisible(status == scandone_NoEmpty);
     m_detailViewBtn->setVisible(status == detail);
-    // Auto Cleanup cleans its modules from its own result list.
-    m_detailViewBtn->setEnabled(m_moduleIndex != autoCleanupModule && selected().second > 0);
+    // Auto Cleanup cleans its modules from its result page, not from a review.
+    m_detailViewBtn->setEnabled(hasReview() && selected().second > 0);
     m_cleanningViewBtn->setVisible(status == cleanning);
     m_cleanningViewBtn->setEnabled(false); // a running clean cannot be stopped from here
     m_cleandoneViewBtn->setVisible(status == cleandone);
@@ -208,16 +205,13 @@ void KestalRightBottomViewController::overViewScanAction()
     updateReScanView(viewStatus::scanning);
     updateScanningPercent(0);
 
-    if (m_moduleIndex == autoCleanupModule)
-        startAutoCleanupScan();
-    else
-        startModuleScan();
+    startScan();
     FabricController::fabric(
         FabricEvent::scanButton,
         FabricEvent::getScanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
 }
 
-void KestalRightBottomViewController::startModuleScan()
+void KestalRightBottomViewController::startScan()
 {
     QPointer<KestalRightBottomViewController> bar(this);
     const int cateCount = m_cateCount;
@@ -234,35 +228,6 @@ void KestalRightBottomViewController::startModuleScan()
         [bar, cateCount](int categoryIndex) {
             if (bar)
                 bar->updateScanningDone(categoryIndex, cateCount);
-        });
-}
-
-void KestalRightBottomViewController::startAutoCleanupScan()
-{
-    // The children scan at once, so the progress is the share of children done.
-    QPointer<KestalRightBottomViewController> bar(this);
-    const int cateCount = m_cateCount;
-    KestalAutoCleanupService::scanAutoCleanup(
-        [bar](const QString &path, qint64 size, int) {
-            if (bar)
-                bar->updateScanningProgress(path, size);
-        },
-        nullptr,
-        [bar, cateCount](int categoryNumber, int, bool finished) {
-            if (!bar || categoryNumber < 0)
-                return;
-            if (KestalService::scanStatus().value(autoCleanupModule) == -1) {
-                bar->updateScanningDone(cateCount - 1, cateCount);
-                return;
-            }
-            if (!finished)
-                return;
-            ++bar->m_doneCategories;
-            bar->topChild()->updateProgress(float(bar->m_doneCategories) * 100.0f /
-                                            float(qMax(1, cateCount)));
-            KestalService::scanningPercent()[autoCleanupModule] =
-                float(bar->m_doneCategories) * 100.0f / float(qMax(1, cateCount));
-            emit bar->moduleRowChanged(autoCleanupModule);
         });
 }
 

@@ -27,10 +27,10 @@ public:
     void changeViewStatus(viewStatus status);
 
     void overViewScanAction();
-    void scanningStopScanAction();
+    virtual void scanningStopScanAction();
     void rescanAction();
     void scanDoneNoEmptyReviewAction();
-    void scanDoneNoEmptyCleanAction();
+    virtual void scanDoneNoEmptyCleanAction();
     void detailViewCleanAction();
     void cleanningViewStopAction() {}
     void cleandoneViewShowLogAction();
@@ -69,15 +69,20 @@ signals:
 
 protected:
     void reloadTexts() override { changeViewStatus(m_status); }
-
-private:
+    // Starts the module's own scan, after the totals were reset.
+    virtual void startScan();
+    // Whether the result page offers the review (Auto Cleanup cleans from it).
+    virtual bool hasReview() const { return true; }
     bool isOnScreen() const;
-    void startModuleScan();
-    void startAutoCleanupScan();
-    // Resets the progress and names the category the scan is on.
-    void showCategoryOnScan(int categoryIndex);
     KestalRightTopOverViewAndScanViewController *topChild() const;
     KestalCleaningViewAndLogViewController *cleaningChild() const;
+    KestalRightSplitController *split() const { return m_split; }
+    int cateCount() const { return m_cateCount; }
+    int m_doneCategories = 0;
+
+private:
+    // Resets the progress and names the category the scan is on.
+    void showCategoryOnScan(int categoryIndex);
     QString statusText() const;
     // Size and number of what the review has selected.
     std::pair<double, int> selected() const;
@@ -85,7 +90,6 @@ private:
     int m_moduleIndex;
     QString m_tab;
     int m_cateCount = 0;
-    int m_doneCategories = 0;
     viewStatus m_status = viewStatus::overview;
     KestalRightSplitController *m_split;
 

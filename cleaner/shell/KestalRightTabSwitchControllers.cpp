@@ -1,6 +1,7 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
@@ -95,7 +96,12 @@ KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
 {
     const QList<Module> &modules = AppModuleService::appModules();
     for (int i = 0; i < modules.size(); ++i) {
-        if (!modules[i].isHeader())
+        if (modules[i].isHeader())
+            continue;
+        // Auto Cleanup, module 0, runs the junk modules through a bar of its own.
+        if (i == 0)
+            addWidget(new KestalAutoCleanupBottomViewController(split, this));
+        else
             addWidget(new KestalRightBottomViewController(i, split, this));
     }
 }

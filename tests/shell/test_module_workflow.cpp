@@ -5,6 +5,7 @@
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
+#include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
@@ -284,6 +285,44 @@ private slots:
         const QString cut = KestalCleaningViewAndLogViewController::cutPath(long36);
         QVERIFY(cut.size() < 36);
         QVERIFY(cut.startsWith("/start") && cut.endsWith("/end.f") && cut.contains("..."));
+    }
+
+    // Auto Cleanup scans its five modules, cleans those whose box stays on
+    // one after another in row order, and its stop ends the whole scan.
+    void autoCleanupScansAndCleansItsChildrenInRowOrder()
+    {
+        auto *autoBar = qobject_cast<KestalAutoCleanupBottomViewController *>(bar(0));
+        QVERIFY(autoBar);
+        show(0);
+        QTest::mouseClick(autoBar->overViewScanBtn(), Qt::LeftButton);
+        QTest::mouseClick(autoBar->scanningscanBtn(), Qt::LeftButton);
+        QCOMPARE(stateOf(0), viewStatus::overview);
+        QCOMPARE(KestalService::scanStatus().value(0), 2);
+
+        QTest::mouseClick(autoBar->overViewScanBtn(), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(0), viewStatus::scandone_NoEmpty, 20000);
+        QVERIFY(!autoBar->reviewBtn()->isVisible());
+        QVERIFY(autoBar->scandoneViewBtn()->isVisible());
+
+        // Trash Bin's box off: its files stay, and it is not cleaned.
+        autoBar->updateCate(trashBin, 0);
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(trashBin).second, 0);
+        QList<int> order;
+        connect(autoBar, &KestalAutoCleanupBottomViewController::childCleaned, this,
+                [&order](int module) { order.append(module); });
+        answerNextMessageBox("Confirm");
+        QTest::mouseClick(autoBar->scandoneViewBtn(), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(0), viewStatus::cleandone, 20000);
+
+        QVERIFY(order.contains(systemJunk));
+        QVERIFY(!order.contains(trashBin));
+        QVERIFY(std::is_sorted(order.begin(), order.end()));
+        QVERIFY(!QFile::exists(m_home->path(".cache/appA")));
+        QVERIFY(QFile::exists(m_home->path(".local/share/Trash/files/old.txt")));
+        QVERIFY(KestalService::cleanTotalSizeAndNumber().value(0).first >= 70000);
+        auto *cleaning = right()->topSwitch()->cleaningAndLog(0);
+        QCOMPARE(cleaning->cleanningTableView()->topLevelItem(0)->data(0, Qt::UserRole),
+                 QVariant("LogViewSuccess"));
     }
 };
 

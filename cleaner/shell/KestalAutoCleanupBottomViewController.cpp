@@ -1,0 +1,181 @@
+#include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
+
+#include "cleaner/clean/CleanResults.h"
+#include "cleaner/clean/KestalModuleCleanService.h"
+#include "cleaner/core/AppModuleService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
+#include "cleaner/shell/FabricController.h"
+#include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
+#include "cleaner/shell/KestalRightSplitController.h"
+#include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+
+#include <QPointer>
+#include <QSemaphore>
+
+namespace {
+
+constexpr int autoCleanupModule = 0;
+
+// Passes a child's reports on, and opens the gate when its run has ended,
+// so that the serial queue starts the next child only then.
+class GatedClean : public KestalCleanProtocol {
+public:
+    GatedClean(std::shared_ptr<KestalCleanProtocol> inner, std::shared_ptr<QSemaphore> gate)
+        : m_inner(std::move(inner)), m_gate(std::move(gate))
+    {}
+
+    void done(bool result, int ci, int status, int number, qint64 size) override
+    {
+        m_inner->done(result, ci, status, number, size);
+        if (ci == -1)
+            m_gate->release();
+    }
+
+private:
+    std::shared_ptr<KestalCleanProtocol> m_inner;
+    std::shared_ptr<QSemaphore> m_gate;
+};
+
+} // namespace
+
+KestalAutoCleanupBottomViewController::KestalAutoCleanupBottomViewController(
+    KestalRightSplitController *split, QWidget *parent)
+    : KestalRightBottomViewController(autoCleanupModule, split, parent)
+{}
+
+QList<int> KestalAutoCleanupBottomViewController::childModules()
+{
+    QList<int> children;
+    const QList<Category> categories =
+        AppModuleService::appModules().at(autoCleanupModule).categories.value_or(QList<Category>());
+    for (const Category &c : categories)
+        children.append(KestalAutoCleanupService::childModuleIndex(c.title));
+    return children;
+}
+
+void KestalAutoCleanupBottomViewController::startScan()
+{
+    // The children scan at once, so the progress is the share of children done.
+    QPointer<KestalAutoCleanupBottomViewController> bar(this);
+    const int cateCount = this->cateCount();
+    KestalAutoCleanupService::scanAutoCleanup(
+        [bar](const QString &path, qint64 size, int) {
+            if (bar)
+                bar->updateScanningProgress(path, size);
+        },
+        nullptr,
+        [bar, cateCount](int categoryNumber, int, bool finished) {
+            if (!bar || categoryNumber < 0)
+                return;
+            if (KestalService::scanStatus().value(autoCleanupModule) == -1) {
+                bar->updateScanningDone(cateCount - 1, cateCount);
+                return;
+            }
+            if (!finished)
+                return;
+            ++bar->m_doneCategories;
+            const float percent = float(bar->m_doneCategories) * 100.0f / float(qMax(1, cateCount));
+            bar->topChild()->updateProgress(percent);
+            KestalService::scanningPercent()[autoCleanupModule] = percent;
+            emit bar->moduleRowChanged(autoCleanupModule);
+        });
+}
+
+void KestalAutoCleanupBottomViewController::scanningStopScanAction()
+{
+    if (status() != viewStatus::scanning)
+        return;
+    KestalAutoCleanupService::stopScanAutoCleanup();
+    topChild()->changeViewStatus(viewStatus::overview);
+    updateReScanView(viewStatus::overview);
+    for (int child : childModules()) {
+        if (child >= 0)
+            emit moduleRowChanged(child);
+    }
+    FabricController::fabric(
+        FabricEvent::stopScanButton,
+        FabricEvent::getStopScanName(AppModuleService::appModules().at(autoCleanupModule)));
+}
+
+void KestalAutoCleanupBottomViewController::updateCate(int modelIndex, int cb)
+{
+    const int n = int(childModules().indexOf(modelIndex));
+    if (n < 0)
+        return;
+    AppModuleService::categoriesOf(autoCleanupModule)[n].state = cb;
+    const QList<Category> defaults =
+        AppModuleService::initAppModules().at(modelIndex).categories.value_or(QList<Category>());
+    const int count = int(AppModuleService::categoriesOf(modelIndex).size());
+    for (int i = 0; i < count && i < defaults.size(); ++i) {
+        if (defaults[i].state == 1)
+            AppModuleService::updateState(cb, modelIndex, i, -1, -1);
+    }
+    updateDetailView();
+}
+
+void KestalAutoCleanupBottomViewController::scanDoneCleanAction()
+{
+    if (status() != viewStatus::scandone_NoEmpty || !checkModel(autoCleanupModule, true))
+        return;
+    handleClean(autoCleanupModule);
+    KestalAutoCleanupService::canCleanNum = 0;
+    m_cleanedChildren = 0;
+    updateReScanView(viewStatus::cleanning);
+
+    const QList<int> children = childModules();
+    const QList<Category> &rows = AppModuleService::categoriesOf(autoCleanupModule);
+    for (int n = 0; n < children.size(); ++n) {
+        const int child = children[n];
+        if (child < 0 || rows[n].state == 0 ||
+            AppModuleService::calculateModuleSizeAndNumber(child).second == 0)
+            continue;
+        ++KestalAutoCleanupService::canCleanNum;
+        handleClean(child);
+        QPointer<KestalAutoCleanupBottomViewController> bar(this);
+        auto recorder = std::make_shared<KestalCleanRecorder>(
+            child, [bar, n, child](bool, int ci, int status, int number, qint64 size) {
+                if (bar && ci == -1)
+                    bar->childCleanEnded(n, child, status, number, size);
+            });
+        // Children go one after another: each waits until the one before has ended.
+        m_serialQueue.async([child, recorder] {
+            auto gate = std::make_shared<QSemaphore>();
+            KestalModuleCleanService::analysisModule(child,
+                                                     std::make_shared<GatedClean>(recorder, gate));
+            gate->acquire();
+        });
+    }
+    checkDone();
+    FabricController::fabric(
+        FabricEvent::cleanButton,
+        FabricEvent::getCleanButtonName(AppModuleService::appModules().at(autoCleanupModule)));
+}
+
+void KestalAutoCleanupBottomViewController::childCleanEnded(int n, int child, int status,
+                                                            int number, qint64 size)
+{
+    ++m_cleanedChildren;
+    KestalService::cleanningCompletedStatus()[autoCleanupModule].insert(
+        n, {status == 999 ? 999 : status, number, size});
+    cleaningChild()->updateCleanningView();
+    emit moduleRowChanged(child);
+    emit childCleaned(child);
+    checkDone();
+}
+
+void KestalAutoCleanupBottomViewController::checkDone()
+{
+    if (status() != viewStatus::cleanning ||
+        m_cleanedChildren != KestalAutoCleanupService::canCleanNum)
+        return;
+    KestalService::cleanDone()[autoCleanupModule] = 2;
+    qint64 size = 0;
+    int number = 0;
+    for (const CleanTriple &r :
+         KestalService::cleanningCompletedStatus().value(autoCleanupModule)) {
+        size += r.size;
+        number += r.number;
+    }
+    KestalService::cleanTotalSizeAndNumber()[autoCleanupModule] = {size, number};
+    updateReScanView(viewStatus::cleandone);
+}
