@@ -36,6 +36,8 @@ QTreeWidget *makeTable(QWidget *parent, const QString &name)
     table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     table->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     table->setFrameShape(QFrame::NoFrame);
+    // Room around each row, as a list of a few lines reads better spaced.
+    table->setStyleSheet(QStringLiteral("QTreeWidget::item { padding: 6px 4px; }"));
     return table;
 }
 
@@ -123,7 +125,7 @@ KestalCleaningViewAndLogViewController::KestalCleaningViewAndLogViewController(i
     m_cleanning = makeTable(m_pages, QStringLiteral("cleanningTableView"));
     m_log = makeTable(m_pages, QStringLiteral("logTableView"));
     m_log->setStyleSheet(
-        QStringLiteral("QTreeWidget { background: %1; }")
+        QStringLiteral("QTreeWidget { background: %1; } QTreeWidget::item { padding: 4px; }")
             .arg(UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("log_background_color")))));
     m_pages->addWidget(m_cleanning);
     m_pages->addWidget(m_log);
@@ -195,8 +197,13 @@ void KestalCleaningViewAndLogViewController::fillCleanning()
             row->setForeground(0, UIInfo::nsColor(QStringLiteral("error_color")));
         }
         row->setData(0, Qt::UserRole, image);
-        if (!image.isEmpty())
-            row->setIcon(0, QIcon(ImageStore::pixmap(image, side, devicePixelRatioF())));
+        row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+        // An empty image keeps the titles of the rows in one column.
+        QPixmap picture = image.isEmpty() ? QPixmap(side * devicePixelRatioF())
+                                          : ImageStore::pixmap(image, side, devicePixelRatioF());
+        if (image.isEmpty())
+            picture.fill(Qt::transparent);
+        row->setIcon(0, QIcon(picture));
         row->setFont(1, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));
     }
 }
@@ -218,7 +225,9 @@ void KestalCleaningViewAndLogViewController::fillLog()
             heading->setText(0, category.ci < categories.size()
                                     ? getLocalizedString(categories[category.ci].title)
                                     : QString());
-            heading->setFont(0, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));
+            QFont headingFont = UIInfo::nsFont(QStringLiteral("cleaning_row_title_font"));
+            headingFont.setBold(true);
+            heading->setFont(0, headingFont);
             for (const cleanFolder *item : std::as_const(failed)) {
                 auto *line = new QTreeWidgetItem(m_log);
                 const QString path = Services::handleString(item->folder->absoluteString());
@@ -227,6 +236,7 @@ void KestalCleaningViewAndLogViewController::fillLog()
                 line->setText(1, cleanFailureReason(item->status));
                 line->setFont(0, UIInfo::nsFont(QStringLiteral("log_path_font")));
                 line->setFont(1, UIInfo::nsFont(QStringLiteral("log_reason_font")));
+                line->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
             }
         }
     }

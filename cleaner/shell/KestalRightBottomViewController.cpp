@@ -123,8 +123,10 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
             ImageStore::icon(KestalCleaningViewAndLogViewController::hasFailures(m_moduleIndex)
                                  ? QStringLiteral("WarnLog")
                                  : QStringLiteral("SuccessLog"));
-        m_cleandoneViewBtn->setIcon(logIcon);
-        m_showLogViewBtn->setIcon(logIcon);
+        for (QPushButton *button : {m_cleandoneViewBtn, m_showLogViewBtn}) {
+            button->setIcon(logIcon);
+            button->setIconSize(QSize(20, 20));
+        }
     }
     m_overViewScanBtn->setVisible(status == overview);
     m_overViewScanBtn->setEnabled(canScan());

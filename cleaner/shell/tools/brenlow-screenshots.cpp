@@ -1,19 +1,31 @@
 // Renders the main window to PNG files for the documentation and for review:
-// each module's overview, in each language asked for.
+// each module's overview, in each language asked for; with --workflow, the
+// states of System Junk and Auto Cleanup from scan to log, over whatever the
+// home and root hold (scripts/screenshots builds a tree for them).
 //
-//   brenlow-screenshots [--module TITLE] OUTPUT_DIR [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR [LANGUAGE...]
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/shell/AppDelegate.h"
+#include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
+#include "cleaner/shell/KestalRightBottomViewController.h"
+#include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/Workspace.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTextStream>
+#include <QThread>
+#include <QTimer>
+#include <QTreeWidget>
 
 namespace {
 
@@ -30,6 +42,105 @@ QString fileStem(const QString &title)
     return stem;
 }
 
+using viewStatus = KestalSuperViewController::viewStatus;
+
+// Waits, running the event loop, until the module reaches the state.
+bool waitFor(const QString &tab, viewStatus status)
+{
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < 60000) {
+        if (KestalSuperViewController::currentStatus(tab) == status)
+            return true;
+        QApplication::processEvents();
+        QThread::msleep(5);
+    }
+    QTextStream(stderr) << tab << ": the state never came\n";
+    return false;
+}
+
+// Presses the default button of the next question the screens ask.
+void confirmNextQuestion()
+{
+    auto *poll = new QTimer;
+    poll->setInterval(5);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll] {
+        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            poll->deleteLater();
+            box->defaultButton()->click();
+        }
+    });
+    poll->start();
+}
+
+class WorkflowShots {
+public:
+    WorkflowShots(QMainWindow *window, KestalRootViewController *root, QString out,
+                  QString language)
+        : m_window(window), m_root(root), m_out(std::move(out)), m_language(std::move(language))
+    {}
+
+    // The window as it stands; `now` takes it before the event loop runs, so
+    // that a scan's or a clean's first reports do not end the state first.
+    void shoot(const QString &stem, bool now = false, QWidget *widget = nullptr)
+    {
+        if (!now)
+            settle();
+        const QString name = QStringLiteral("%1/%2-%3.png").arg(m_out, m_language, stem);
+        (widget ? widget : m_window)->grab().save(name, "PNG", 0);
+        QTextStream(stdout) << name << '\n';
+    }
+
+    // Scanning, result, a review with part of a category ticked, cleaning,
+    // clean done and the log of what stayed.
+    void run(int module, const QString &stem)
+    {
+        const QString tab = AppModuleService::appModules().at(module).tab;
+        KestalRightSplitController *right = m_root->rightSplit();
+        KestalRightBottomViewController *bar = right->bottomSwitch()->barOfModule(module);
+        m_root->leftTable()->selectModule(module);
+        bar->overViewScanBtn()->click();
+        shoot(stem + QStringLiteral("-scanning"), true);
+        if (!waitFor(tab, viewStatus::scandone_NoEmpty))
+            return;
+        shoot(stem + QStringLiteral("-scan-done"));
+        if (module != 0) {
+            bar->reviewBtn()->click();
+            // The last item of the first category stays out, and the item
+            // named "vanished" goes before the clean comes to it.
+            QTreeWidget *files = right->topSwitch()->detail(module)->rightOutlineView();
+            if (files->topLevelItemCount() > 1)
+                files->topLevelItem(files->topLevelItemCount() - 1)
+                    ->setCheckState(0, Qt::Unchecked);
+            shoot(stem + QStringLiteral("-review"));
+            QDir(QDir::home().filePath(QStringLiteral(".cache/vanished"))).removeRecursively();
+            confirmNextQuestion();
+            bar->detailViewBtn()->click();
+        } else {
+            confirmNextQuestion();
+            bar->scandoneViewBtn()->click();
+        }
+        shoot(stem + QStringLiteral("-cleaning"), true);
+        if (!waitFor(tab, viewStatus::cleandone))
+            return;
+        settle();
+        if (auto *warning = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+            QTextStream(stdout) << "closing the warning: " << warning->objectName() << '\n';
+            shoot(stem + QStringLiteral("-warning"), false, warning);
+            warning->accept();
+        }
+        shoot(stem + QStringLiteral("-clean-done"));
+        bar->cleandoneViewBtn()->click();
+        shoot(stem + QStringLiteral("-log"));
+    }
+
+private:
+    QMainWindow *m_window;
+    KestalRootViewController *m_root;
+    QString m_out;
+    QString m_language;
+};
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -38,13 +149,18 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Brenlow"));
     QStringList args = QApplication::arguments().mid(1);
     QString only;
-    if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
+    bool workflow = false;
+    if (!args.isEmpty() && args.first() == QLatin1String("--workflow")) {
+        workflow = true;
+        args = args.mid(1);
+    } else if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
         only = args.at(1);
         args = args.mid(2);
     }
     if (args.isEmpty()) {
         QTextStream(stderr)
-            << "usage: brenlow-screenshots [--module TITLE] OUTPUT_DIR [LANGUAGE...]\n";
+            << "usage: brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR "
+               "[LANGUAGE...]\n";
         return 1;
     }
     const QString out = args.first();
@@ -65,6 +181,15 @@ int main(int argc, char *argv[])
     const QString suffix = scale > 1.0 ? QStringLiteral("@%1x").arg(scale) : QString();
 
     const QList<Module> &modules = AppModuleService::appModules();
+    if (workflow) {
+        // One language a run: a clean changes the tree the next one would see.
+        if (QAction *item = delegate.languageItem(languages.first()))
+            item->trigger();
+        WorkflowShots shots(window, root, out, languages.first());
+        shots.run(1, QStringLiteral("system-junk"));
+        shots.run(0, QStringLiteral("auto-cleanup"));
+        return 0;
+    }
     for (const QString &language : languages) {
         if (QAction *item = delegate.languageItem(language))
             item->trigger();
