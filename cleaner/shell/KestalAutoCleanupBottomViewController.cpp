@@ -8,6 +8,7 @@
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+#include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 
 #include <QPointer>
 #include <QSemaphore>
@@ -41,7 +42,11 @@ private:
 KestalAutoCleanupBottomViewController::KestalAutoCleanupBottomViewController(
     KestalRightSplitController *split, QWidget *parent)
     : KestalRightBottomViewController(autoCleanupModule, split, parent)
-{}
+{
+    connect(split->topSwitch()->showMessage(autoCleanupModule),
+            &KestalRightTopShowMessageViewController::childBoxChanged, this,
+            &KestalAutoCleanupBottomViewController::updateCate);
+}
 
 QList<int> KestalAutoCleanupBottomViewController::childModules()
 {

@@ -2,10 +2,12 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -31,6 +33,25 @@ KestalRightTopShowMessageViewController::KestalRightTopShowMessageViewController
     UIUtil::setTextAttribute(m_message, UIInfo::nsMyUI(QStringLiteral("scandone_size_font")),
                              Qt::AlignHCenter);
 
+    // Auto Cleanup names each of its modules with a box: what stays on is cleaned.
+    m_children = new QWidget(this);
+    auto *boxes = new QVBoxLayout(m_children);
+    boxes->setContentsMargins(0, 8, 0, 0);
+    if (moduleIndex == 0) {
+        for (const Category &c :
+             AppModuleService::appModules().at(0).categories.value_or(QList<Category>())) {
+            const int child = KestalAutoCleanupService::childModuleIndex(c.title);
+            if (child < 0)
+                continue;
+            auto *box = new QCheckBox(m_children);
+            box->setObjectName(QStringLiteral("childBox %1").arg(child));
+            m_childBoxes.insert(child, box);
+            boxes->addWidget(box);
+            connect(box, &QCheckBox::clicked, this,
+                    [this, child](bool on) { emit childBoxChanged(child, on ? 1 : 0); });
+        }
+    }
+
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(48, 32, 48, 32);
     layout->setSpacing(12);
@@ -39,6 +60,7 @@ KestalRightTopShowMessageViewController::KestalRightTopShowMessageViewController
     layout->addSpacing(8);
     layout->addWidget(m_title);
     layout->addWidget(m_message);
+    layout->addWidget(m_children, 0, Qt::AlignHCenter);
     layout->addStretch(1);
     updateView();
 }
@@ -61,4 +83,16 @@ void KestalRightTopShowMessageViewController::updateView()
     m_message->setText(empty ? getLocalizedString(QStringLiteral("Your disk is tidy here."))
                              : getLocalizedString(QStringLiteral("Found ")) +
                                    byteString(m_foundSize));
+    const QList<Category> rows =
+        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    for (int n = 0; n < rows.size(); ++n) {
+        const int child = KestalAutoCleanupService::childModuleIndex(rows[n].title);
+        QCheckBox *box = m_childBoxes.value(child);
+        if (!box)
+            continue;
+        const qint64 size = CategoryTotals::instanceTotalSize(child);
+        box->setText(getLocalizedString(rows[n].title) + QStringLiteral("  ") + byteString(size));
+        box->setChecked(rows[n].state != 0);
+        box->setVisible(!empty && size > 0);
+    }
 }

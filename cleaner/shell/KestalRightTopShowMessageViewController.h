@@ -2,6 +2,7 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class QCheckBox;
 class QLabel;
 
 // The top area of a module after its scan: what was found, or that nothing was.
@@ -14,6 +15,12 @@ public:
     void changeViewStatus(viewStatus status);
     QLabel *titleLabel() const { return m_title; }
     QLabel *messageLabel() const { return m_message; }
+    // Auto Cleanup's box of each child module with something found, by module.
+    QCheckBox *childBox(int moduleIndex) const { return m_childBoxes.value(moduleIndex); }
+
+signals:
+    // The user turned a child module's box on (1) or off (0).
+    void childBoxChanged(int moduleIndex, int state);
 
 protected:
     void reloadTexts() override { updateView(); }
@@ -28,4 +35,6 @@ private:
     QLabel *m_image;
     QLabel *m_title;
     QLabel *m_message;
+    QWidget *m_children;
+    QHash<int, QCheckBox *> m_childBoxes;
 };

@@ -12,6 +12,7 @@
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 #include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QTreeWidget>
 
@@ -305,7 +306,9 @@ private slots:
         QVERIFY(autoBar->scandoneViewBtn()->isVisible());
 
         // Trash Bin's box off: its files stay, and it is not cleaned.
-        autoBar->updateCate(trashBin, 0);
+        QCheckBox *trashBox = right()->topSwitch()->showMessage(0)->childBox(trashBin);
+        QVERIFY(trashBox->isVisible() && trashBox->isChecked());
+        trashBox->click();
         QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(trashBin).second, 0);
         QList<int> order;
         connect(autoBar, &KestalAutoCleanupBottomViewController::childCleaned, this,
