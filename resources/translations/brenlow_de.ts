@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>Bereinigen</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>Stoppen</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>Scannen</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>Erneut scannen</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>Prüfen</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>Protokoll anzeigen</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>Protokoll ausblenden</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>Gefunden: </translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>Ausgewählt: </translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>Wird bereinigt …</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>Bereinigt: </translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 Objekte</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>In einer späteren Version verfügbar</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>Bestätigung</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Möchten Sie die ausgewählten Dateien wirklich löschen?</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>Danke für Ihr Abonnement!</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>Im Ordner anzeigen</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>Suchen</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>Zurück</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>Sortieren</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>Leer</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>Auswahl aufheben</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>Alle auswählen</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>Fehler</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>Diese Kategorie ist leer!</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>Wird gescannt</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>Hier ist Ihr Laufwerk aufgeräumt.</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>Bereinigungsprotokoll</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>Bereinigung abgeschlossen</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>Nichts ist fehlgeschlagen.</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>Neuigkeiten abonnieren …</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>Warnung</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>Information</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Mailanhänge werden gescannt aus</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>Möchten Sie die ausgewählten Dateien wirklich löschen?</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>Fehlgeschlagen</translation>
         </message>
         <message>
             <source>Done</source>

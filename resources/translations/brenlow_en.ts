@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>Clean</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>Stop</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>Scan</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>Re-Scan</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>Review</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>View Log</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>Hide Log</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>Found </translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>Selected: </translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>Cleaning...</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>Cleaned: </translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 items</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>Available in a later version</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>Confirmation</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Are you sure to delete selected files?</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>Thanks for Subscribing!</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>Show in Folder</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>Search</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>Back</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>Sort</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>Empty</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>Deselect All</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>Select All</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>Error</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>This category is empty!</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>Scanning</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>Your disk is tidy here.</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>Clean Log</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>Clean Done</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Failed</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>Nothing failed.</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>Subscribe to News…</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>Warn</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>Info</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Scanning Mail Attachments From</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>Are you sure to delete selected files?</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>Failed</translation>
         </message>
         <message>
             <source>Done</source>

@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>Limpiar</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>Detener</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>Analizar</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>Volver a analizar</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>Revisar</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>Ver registro</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>Ocultar registro</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>Encontrado: </translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>Seleccionado: </translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>Limpiando...</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>Limpiado: </translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 elementos</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>Disponible en una versión posterior</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>Confirmación</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>¿Seguro que quieres eliminar los archivos seleccionados?</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>¡Gracias por suscribirte!</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>Mostrar en la carpeta</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>Buscar</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>Atrás</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>Ordenar</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>Vacío</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>Deseleccionar todo</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>Seleccionar todo</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>Error</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>¡Esta categoría está vacía!</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>Analizando</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>Tu disco está limpio aquí.</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>Registro de limpieza</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>Limpieza terminada</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Error</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>No ha fallado nada.</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>Suscribirse a las novedades…</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>Advertencia</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>Información</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Analizando adjuntos de correo de</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>¿Seguro que quieres eliminar los archivos seleccionados?</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>Error</translation>
         </message>
         <message>
             <source>Done</source>

@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>Nettoyer</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>Arrêter</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>Analyser</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>Analyser à nouveau</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>Examiner</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>Voir le journal</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>Masquer le journal</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>Trouvé : </translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>Sélectionné : </translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>Nettoyage...</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>Nettoyé : </translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 éléments</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>Disponible dans une version ultérieure</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>Confirmation</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>Voulez-vous vraiment supprimer les fichiers sélectionnés ?</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>Merci de votre abonnement !</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>Afficher dans le dossier</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>Rechercher</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>Retour</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>Trier</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>Vide</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>Tout désélectionner</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>Tout sélectionner</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>Erreur</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>Cette catégorie est vide !</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>Analyse en cours</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>Votre disque est propre ici.</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>Journal de nettoyage</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>Nettoyage terminé</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>Échec</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>Aucun échec.</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>S’abonner aux nouveautés…</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>Avertissement</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>Information</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>Analyse des pièces jointes de</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>Voulez-vous vraiment supprimer les fichiers sélectionnés ?</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>Échec</translation>
         </message>
         <message>
             <source>Done</source>

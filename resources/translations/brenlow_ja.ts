@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>クリーン</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>停止</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>スキャン</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>再スキャン</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>確認する</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>ログを表示</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>ログを隠す</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>検出: </translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>選択済み: </translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>クリーン中...</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>クリーン済み: </translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 項目</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>今後のバージョンで利用可能</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>確認</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>選択したファイルを削除してもよろしいですか？</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>ご購読ありがとうございます！</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>フォルダに表示</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>検索</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>戻る</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>並べ替え</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>空</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>すべての選択を解除</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>すべてを選択</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>エラー</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>このカテゴリは空です!</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>スキャン中</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>この項目はすっきりしています。</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>クリーンログ</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>クリーン完了</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失敗</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>失敗した項目はありません。</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>ニュースを購読…</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>情報</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>メールの添付ファイルをスキャン中:</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>選択したファイルを削除してもよろしいですか？</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>失敗</translation>
         </message>
         <message>
             <source>Done</source>

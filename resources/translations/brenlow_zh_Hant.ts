@@ -4,6 +4,14 @@
     <context>
         <name>English</name>
         <message>
+            <source>Clean</source>
+            <translation>清理</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>停止</translation>
+        </message>
+        <message>
             <source>Scan</source>
             <translation>掃描</translation>
         </message>
@@ -12,12 +20,48 @@
             <translation>重新掃描</translation>
         </message>
         <message>
+            <source>Review</source>
+            <translation>檢視</translation>
+        </message>
+        <message>
+            <source>View Log</source>
+            <translation>檢視記錄</translation>
+        </message>
+        <message>
+            <source>Hide Log</source>
+            <translation>隱藏記錄</translation>
+        </message>
+        <message>
             <source>Found </source>
             <translation>找到：</translation>
         </message>
         <message>
+            <source>Selected: </source>
+            <translation>已選取：</translation>
+        </message>
+        <message>
+            <source>Cleaning...</source>
+            <translation>正在清理...</translation>
+        </message>
+        <message>
+            <source>Cleaned: </source>
+            <translation>已清理：</translation>
+        </message>
+        <message>
+            <source>%1 items</source>
+            <translation>%1 個項目</translation>
+        </message>
+        <message>
             <source>Available in a later version</source>
             <translation>將於日後版本提供</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>確認</translation>
+        </message>
+        <message>
+            <source>Are you sure to delete selected files?</source>
+            <translation>確定要刪除選取的檔案嗎？</translation>
         </message>
         <message>
             <source>Hi! Nice to Meet You - Brenlow</source>
@@ -68,6 +112,42 @@
             <translation>感謝你的訂閱！</translation>
         </message>
         <message>
+            <source>Show in Folder</source>
+            <translation>在檔案夾中顯示</translation>
+        </message>
+        <message>
+            <source>Search</source>
+            <translation>搜尋</translation>
+        </message>
+        <message>
+            <source>Back</source>
+            <translation>返回</translation>
+        </message>
+        <message>
+            <source>Sort</source>
+            <translation>排序</translation>
+        </message>
+        <message>
+            <source>Empty</source>
+            <translation>空</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>取消全選</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>全選</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>錯誤</translation>
+        </message>
+        <message>
+            <source>This category is empty!</source>
+            <translation>此類別是空的！</translation>
+        </message>
+        <message>
             <source>Scanning</source>
             <translation>掃描中</translation>
         </message>
@@ -82,6 +162,22 @@
         <message>
             <source>Your disk is tidy here.</source>
             <translation>這裡的磁碟很整潔。</translation>
+        </message>
+        <message>
+            <source>Clean Log</source>
+            <translation>清理記錄</translation>
+        </message>
+        <message>
+            <source>Clean Done</source>
+            <translation>清理完成</translation>
+        </message>
+        <message>
+            <source>Failed</source>
+            <translation>失敗</translation>
+        </message>
+        <message>
+            <source>Nothing failed.</source>
+            <translation>沒有失敗的項目。</translation>
         </message>
         <message>
             <source>Brenlow</source>
@@ -138,6 +234,14 @@
         <message>
             <source>Subscribe to News…</source>
             <translation>訂閱最新消息…</translation>
+        </message>
+        <message>
+            <source>Warn</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>Info</source>
+            <translation>資訊</translation>
         </message>
         <message>
             <source>OK</source>
@@ -226,14 +330,6 @@
         <message>
             <source>Scanning Mail Attachments From</source>
             <translation>正在掃描郵件附件：</translation>
-        </message>
-        <message>
-            <source>Are you sure to delete selected files?</source>
-            <translation>確定要刪除選取的檔案嗎？</translation>
-        </message>
-        <message>
-            <source>Failed</source>
-            <translation>失敗</translation>
         </message>
         <message>
             <source>Done</source>
