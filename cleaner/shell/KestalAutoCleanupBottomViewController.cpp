@@ -58,32 +58,72 @@ QList<int> KestalAutoCleanupBottomViewController::childModules()
     return children;
 }
 
+KestalRightBottomViewController *KestalAutoCleanupBottomViewController::childBar(int n) const
+{
+    const int child = childModules().value(n, -1);
+    return child < 0 ? nullptr : split()->bottomSwitch()->barOfModule(child);
+}
+
 void KestalAutoCleanupBottomViewController::startScan()
 {
-    // The children scan at once, so the progress is the share of children done.
+    // Each child's own screen follows its part of the scan; one that is
+    // busy on its own (a scan or a clean of its own) is left alone.
+    for (int n = 0; n < cateCount(); ++n) {
+        KestalRightBottomViewController *child = childBar(n);
+        if (child && child->status() != viewStatus::scanning &&
+            child->status() != viewStatus::cleanning)
+            child->enterScanning();
+    }
     QPointer<KestalAutoCleanupBottomViewController> bar(this);
     const int cateCount = this->cateCount();
     KestalAutoCleanupService::scanAutoCleanup(
-        [bar](const QString &path, qint64 size, int) {
-            if (bar)
-                bar->updateScanningProgress(path, size);
-        },
-        nullptr,
-        [bar, cateCount](int categoryNumber, int, bool finished) {
-            if (!bar || categoryNumber < 0)
+        [bar](const QString &path, qint64 size, int n) {
+            if (!bar)
                 return;
+            bar->updateScanningProgress(path, size);
+            if (KestalRightBottomViewController *child = bar->childBar(n))
+                child->updateScanningProgress(path, size);
+        },
+        [bar](int n, float percent) {
+            if (!bar)
+                return;
+            if (KestalRightBottomViewController *child = bar->childBar(n))
+                child->updateScanningPercent(percent);
+            bar->updateOwnPercent();
+        },
+        [bar, cateCount](int n, int ci, bool finished) {
+            if (!bar || n < 0)
+                return;
+            KestalRightBottomViewController *child = bar->childBar(n);
             if (KestalService::scanStatus().value(autoCleanupModule) == -1) {
                 bar->updateScanningDone(cateCount - 1, cateCount);
+                for (int i = 0; i < cateCount; ++i) {
+                    if (KestalRightBottomViewController *c = bar->childBar(i))
+                        c->finishScan();
+                }
+                bar->updateOwnPercent();
                 return;
             }
-            if (!finished)
-                return;
-            ++bar->m_doneCategories;
-            const float percent = float(bar->m_doneCategories) * 100.0f / float(qMax(1, cateCount));
-            bar->topChild()->updateProgress(percent);
-            KestalService::scanningPercent()[autoCleanupModule] = percent;
-            emit bar->moduleRowChanged(autoCleanupModule);
+            if (child)
+                child->followCategoryDone(ci);
+            if (finished)
+                ++bar->m_doneCategories;
+            bar->updateOwnPercent();
         });
+}
+
+void KestalAutoCleanupBottomViewController::updateOwnPercent()
+{
+    // The mean of the children's percents, each of which counts its
+    // finished categories.
+    const int count = cateCount();
+    float sum = 0;
+    for (int n = 0; n < count; ++n)
+        sum += KestalService::scanningPercent().value(childModules().value(n, -1));
+    const float percent = sum / float(qMax(1, count));
+    KestalService::scanningPercent()[autoCleanupModule] = percent;
+    topChild()->updateProgress(percent);
+    emit moduleRowChanged(autoCleanupModule);
 }
 
 void KestalAutoCleanupBottomViewController::scanningStopScanAction()
@@ -93,9 +133,9 @@ void KestalAutoCleanupBottomViewController::scanningStopScanAction()
     KestalAutoCleanupService::stopScanAutoCleanup();
     topChild()->changeViewStatus(viewStatus::overview);
     updateReScanView(viewStatus::overview);
-    for (int child : childModules()) {
-        if (child >= 0)
-            emit moduleRowChanged(child);
+    for (int n = 0; n < cateCount(); ++n) {
+        if (KestalRightBottomViewController *child = childBar(n))
+            child->leaveScanning();
     }
     FabricController::fabric(
         FabricEvent::stopScanButton,

@@ -33,6 +33,9 @@ protected:
     bool hasReview() const override { return false; }
 
 private:
+    // The bar of the child module of row n of the result list, if any.
+    KestalRightBottomViewController *childBar(int n) const;
+    void updateOwnPercent();
     void childCleanEnded(int n, int child, int status, int number, qint64 size);
 
     SerialQueue m_serialQueue{QStringLiteral("autoCleanup")};

@@ -8,6 +8,7 @@
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
+#include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
@@ -31,6 +32,7 @@ constexpr int buttonWidth = 148;
 constexpr int helperNotAvailable = -2;
 // The wait after a stop, so that the scan's workers see the flag.
 constexpr int stopWaitMs = 1000;
+constexpr int autoCleanupModule = 0;
 
 QPushButton *barButton(QWidget *parent, const QString &name)
 {
@@ -199,6 +201,15 @@ void KestalRightBottomViewController::overViewScanAction()
     if (!canScan() || m_overViewScanBtn->text() != getLocalizedString(QStringLiteral("Scan")) ||
         m_status != viewStatus::overview || KestalService::scanStatus().value(m_moduleIndex) == 1)
         return;
+    enterScanning();
+    startScan();
+    FabricController::fabric(
+        FabricEvent::scanButton,
+        FabricEvent::getScanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::enterScanning()
+{
     KestalService::scanTotalSize()[m_moduleIndex] = 0;
     KestalService::scanningPercent()[m_moduleIndex] = 0;
     m_doneCategories = 0;
@@ -206,11 +217,33 @@ void KestalRightBottomViewController::overViewScanAction()
     showCategoryOnScan(0);
     updateReScanView(viewStatus::scanning);
     updateScanningPercent(0);
+}
 
-    startScan();
-    FabricController::fabric(
-        FabricEvent::scanButton,
-        FabricEvent::getScanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+void KestalRightBottomViewController::followCategoryDone(int categoryIndex)
+{
+    if (categoryIndex + 1 < m_cateCount) {
+        updateScanningDone(categoryIndex, m_cateCount);
+        return;
+    }
+    // The last one: the screen stays on the scan until the driving scan ends.
+    m_doneCategories = m_cateCount;
+    KestalService::scanningPercent()[m_moduleIndex] = 100;
+    topChild()->updateProgress(100);
+    emit moduleRowChanged(m_moduleIndex);
+}
+
+void KestalRightBottomViewController::finishScan()
+{
+    KestalService::scanningPercent()[m_moduleIndex] = 100;
+    updateScanningDone(m_cateCount - 1, m_cateCount);
+}
+
+void KestalRightBottomViewController::leaveScanning()
+{
+    if (m_status != viewStatus::scanning)
+        return;
+    topChild()->changeViewStatus(viewStatus::overview);
+    updateReScanView(viewStatus::overview);
 }
 
 void KestalRightBottomViewController::startScan()
@@ -299,6 +332,13 @@ void KestalRightBottomViewController::scanningStopScanAction()
 {
     if (m_status != viewStatus::scanning)
         return;
+    // While Auto Cleanup drives this scan, only its stop can end it.
+    if (m_moduleIndex != autoCleanupModule &&
+        KestalService::scanStatus().value(autoCleanupModule) == 1 &&
+        KestalAutoCleanupBottomViewController::childModules().contains(m_moduleIndex)) {
+        m_split->bottomSwitch()->barOfModule(autoCleanupModule)->scanningStopScanAction();
+        return;
+    }
     KestalService::stopScan(m_moduleIndex);
     const int cateCount = m_cateCount;
     QPointer<KestalRightBottomViewController> bar(this);

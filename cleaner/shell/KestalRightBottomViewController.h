@@ -49,6 +49,14 @@ public:
                             viewStatus noEmptyToStatus = viewStatus::scandone_NoEmpty,
                             viewStatus emptyToStatus = viewStatus::scandone_Empty);
     void updateReScanView(viewStatus toStatus);
+
+    // For a scan that another screen drives (Auto Cleanup's of its children):
+    // the totals reset and the screen on the scan; a category's end; the
+    // end of the whole scan; and the way back to the overview after a stop.
+    void enterScanning();
+    void followCategoryDone(int categoryIndex);
+    void finishScan();
+    void leaveScanning();
     // The chosen size of the review, after a change of the selection.
     void updateDetailView() { changeViewStatus(m_status); }
 

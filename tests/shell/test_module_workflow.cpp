@@ -296,12 +296,23 @@ private slots:
         QVERIFY(autoBar);
         show(0);
         QTest::mouseClick(autoBar->overViewScanBtn(), Qt::LeftButton);
-        QTest::mouseClick(autoBar->scanningscanBtn(), Qt::LeftButton);
+        // The children's own screens follow the scan, and a child's stop
+        // ends the whole of it.
+        for (int child : KestalAutoCleanupBottomViewController::childModules())
+            QCOMPARE(stateOf(child), viewStatus::scanning);
+        show(systemJunk);
+        QTest::mouseClick(bar(systemJunk)->scanningscanBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(0), viewStatus::overview);
         QCOMPARE(KestalService::scanStatus().value(0), 2);
+        for (int child : KestalAutoCleanupBottomViewController::childModules())
+            QCOMPARE(stateOf(child), viewStatus::overview);
 
+        show(0);
         QTest::mouseClick(autoBar->overViewScanBtn(), Qt::LeftButton);
         QTRY_COMPARE_WITH_TIMEOUT(stateOf(0), viewStatus::scandone_NoEmpty, 20000);
+        QCOMPARE(stateOf(systemJunk), viewStatus::scandone_NoEmpty);
+        QCOMPARE(stateOf(trashBin), viewStatus::scandone_NoEmpty);
+        QCOMPARE(KestalService::scanningPercent().value(0), 100.0f);
         QVERIFY(!autoBar->reviewBtn()->isVisible());
         QVERIFY(autoBar->scandoneViewBtn()->isVisible());
 
