@@ -12,6 +12,14 @@ namespace {
 
 constexpr int bottomBarHeight = 84;
 
+void fill(QWidget *widget, const QColor &color)
+{
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Window, color);
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+}
+
 } // namespace
 
 KestalRightSplitController::KestalRightSplitController(QWidget *parent) : QWidget(parent)
@@ -23,17 +31,14 @@ KestalRightSplitController::KestalRightSplitController(QWidget *parent) : QWidge
     m_bottom->setObjectName(QStringLiteral("rightBottom"));
     m_bottom->setFixedHeight(bottomBarHeight);
 
+    // Plain palettes, not style sheets: a sheet on this ancestor of every
+    // module's screens would put each of their widgets through the slow
+    // style-sheet style, and the window would take twice as long to appear.
     auto *line = new QFrame(this);
     line->setFixedHeight(1);
-    line->setStyleSheet(
-        QStringLiteral("background: %1;")
-            .arg(UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("separator_color")))));
-
-    setAttribute(Qt::WA_StyledBackground);
-    setStyleSheet(
-        QStringLiteral("#rightTop { background: %1; } #rightBottom { background: %2; }")
-            .arg(UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("right_top_bg_color"))),
-                 UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("right_bottom_bg_color")))));
+    fill(line, UIInfo::nsColor(QStringLiteral("separator_color")));
+    fill(m_top, UIInfo::nsColor(QStringLiteral("right_top_bg_color")));
+    fill(m_bottom, UIInfo::nsColor(QStringLiteral("right_bottom_bg_color")));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
