@@ -10,6 +10,7 @@
 #include <QActionGroup>
 #include <QCheckBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -20,6 +21,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 #include <numeric>
 
 namespace {
@@ -50,6 +52,44 @@ QTreeWidget *makeList(QWidget *parent, const QString &name, int columns)
     return list;
 }
 
+using SortItem = std::pair<const char *, const char *>; // title, key
+
+// Fills a sort menu: the keys, then the two directions, each group with the
+// stored one on. A choice calls `apply` with the direction and the key, one
+// of them empty.
+void fillSortMenu(QMenu *menu, std::initializer_list<SortItem> keyItems, const QString &sortby,
+                  const QString &sortDirection,
+                  const std::function<void(const QString &, const QString &)> &apply)
+{
+    menu->clear();
+    const auto group = [menu, &apply](std::initializer_list<SortItem> items, const QString &on,
+                                      bool isKey) {
+        auto *exclusive = new QActionGroup(menu);
+        for (const auto &[title, key] : items) {
+            QAction *a = menu->addAction(getLocalizedString(QString::fromLatin1(title)));
+            a->setCheckable(true);
+            a->setChecked(on == QLatin1String(key));
+            a->setActionGroup(exclusive);
+            const QString word = QString::fromLatin1(key);
+            QObject::connect(a, &QAction::triggered, menu, [apply, word, isKey] {
+                isKey ? apply(QString(), word) : apply(word, QString());
+            });
+        }
+    };
+    group(keyItems, sortby, true);
+    menu->addSeparator();
+    group({{"Ascending", "ascending"}, {"Descending", "descending"}}, sortDirection, false);
+}
+
+QToolButton *sortButton(QWidget *parent, const QString &name)
+{
+    auto *button = new QToolButton(parent);
+    button->setObjectName(name);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setMenu(new QMenu(button));
+    return button;
+}
+
 } // namespace
 
 KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget *parent)
@@ -61,9 +101,12 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     m_search->setClearButtonEnabled(true);
     connect(m_search, &QLineEdit::returnPressed, this,
             &KestalDetailViewController::searchDetaiAction);
-    m_popUpButton = new QToolButton(this);
-    m_popUpButton->setPopupMode(QToolButton::InstantPopup);
-    m_popUpButton->setMenu(new QMenu(m_popUpButton));
+    m_popUpButton = sortButton(this, QStringLiteral("popUpButton"));
+    m_categoryPopUpButton = sortButton(this, QStringLiteral("categoryPopUpButton"));
+    m_allCategory = new QCheckBox(this);
+    m_allCategory->setObjectName(QStringLiteral("updateAllCategoryBtn"));
+    connect(m_allCategory, &QCheckBox::clicked, this,
+            &KestalDetailViewController::updateAllCategoryStatusAction);
     m_back = new QPushButton(this);
     m_back->setObjectName(QStringLiteral("rightTopBackBtn"));
     connect(m_back, &QPushButton::clicked, this, &KestalDetailViewController::backAction);
@@ -104,21 +147,32 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
         menu.exec(m_right->viewport()->mapToGlobal(at));
     });
 
+    // Back and search above; then a grid whose columns are the two panes,
+    // so that each pane's select-all box and sort menu stand on one line.
     auto *top = new QHBoxLayout;
     top->addWidget(m_back);
     top->addStretch(1);
-    top->addWidget(m_popUpButton);
     top->addWidget(m_search);
     auto *rightHead = new QVBoxLayout;
+    rightHead->setSpacing(2);
     rightHead->addWidget(m_rightTitle);
     rightHead->addWidget(m_rightDesc);
-    rightHead->addWidget(m_allDetail, 0, Qt::AlignLeft);
-    auto *right = new QVBoxLayout;
-    right->addLayout(rightHead);
-    right->addWidget(m_right, 1);
-    auto *panes = new QHBoxLayout;
-    panes->addWidget(m_left);
-    panes->addLayout(right, 1);
+    const auto boxAndSort = [](QWidget *box, QWidget *sortButton) {
+        auto *row = new QHBoxLayout;
+        row->addWidget(box);
+        row->addStretch(1);
+        row->addWidget(sortButton);
+        return row;
+    };
+    auto *panes = new QGridLayout;
+    panes->setHorizontalSpacing(12);
+    panes->addLayout(rightHead, 0, 1);
+    panes->addLayout(boxAndSort(m_allCategory, m_categoryPopUpButton), 1, 0);
+    panes->addLayout(boxAndSort(m_allDetail, m_popUpButton), 1, 1);
+    panes->addWidget(m_left, 2, 0);
+    panes->addWidget(m_right, 2, 1);
+    panes->setColumnStretch(1, 1);
+    panes->setRowStretch(2, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 16, 24, 12);
     layout->addLayout(top);
@@ -131,32 +185,15 @@ void KestalDetailViewController::reloadTexts()
     m_search->setPlaceholderText(getLocalizedString(QStringLiteral("Search")));
     m_back->setText(getLocalizedString(QStringLiteral("Back")));
     m_popUpButton->setText(getLocalizedString(QStringLiteral("Sort")));
-    QMenu *menu = m_popUpButton->menu();
-    menu->clear();
-    // Keys, then the two directions, each group with one item on.
-    auto *keys = new QActionGroup(menu);
-    const std::pair<const char *, const char *> keyItems[] = {
-        {"Name", "name"}, {"Size", "size"}, {"Date", "date"}, {"Selection", "selection"}};
-    for (const auto &[title, key] : keyItems) {
-        QAction *a = menu->addAction(getLocalizedString(QString::fromLatin1(title)));
-        a->setCheckable(true);
-        a->setChecked(m_sortby == QLatin1String(key));
-        a->setActionGroup(keys);
-        const QString sortby = QString::fromLatin1(key);
-        connect(a, &QAction::triggered, this, [this, sortby] { sort(QString(), sortby); });
-    }
-    menu->addSeparator();
-    auto *directions = new QActionGroup(menu);
-    const std::pair<const char *, const char *> directionItems[] = {{"Ascending", "ascending"},
-                                                                    {"Descending", "descending"}};
-    for (const auto &[title, key] : directionItems) {
-        QAction *a = menu->addAction(getLocalizedString(QString::fromLatin1(title)));
-        a->setCheckable(true);
-        a->setChecked(m_sortDirection == QLatin1String(key));
-        a->setActionGroup(directions);
-        const QString direction = QString::fromLatin1(key);
-        connect(a, &QAction::triggered, this, [this, direction] { sort(direction, QString()); });
-    }
+    m_categoryPopUpButton->setText(getLocalizedString(QStringLiteral("Sort")));
+    fillSortMenu(m_popUpButton->menu(),
+                 {{"Name", "name"}, {"Size", "size"}, {"Date", "date"}, {"Selection", "selection"}},
+                 m_sortby, m_sortDirection,
+                 [this](const QString &direction, const QString &key) { sort(direction, key); });
+    fillSortMenu(m_categoryPopUpButton->menu(), {{"Name", "name"}, {"Size", "size"}}, m_cateSortby,
+                 m_cateSortDirection, [this](const QString &direction, const QString &key) {
+                     categorySort(direction, key);
+                 });
     updateView();
 }
 
@@ -189,7 +226,33 @@ void KestalDetailViewController::updateView()
     fillRight();
     m_filling = false;
     updateRightTopDescInfo();
+    updateTopCategorySelectBtnStatus();
     updateTopDetailSelectBtnStatus();
+}
+
+QList<int> KestalDetailViewController::shownCategories() const
+{
+    const QList<Category> categories =
+        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    QList<int> order;
+    for (int ci = 0; ci < categories.size(); ++ci) {
+        if (m_keywords.isEmpty() ||
+            getLocalizedString(categories[ci].title).contains(m_keywords, Qt::CaseInsensitive))
+            order.append(ci);
+    }
+    // The module table's order stands until the user sorts.
+    if (m_cateSortby.isEmpty())
+        return order;
+    const bool ascending = m_cateSortDirection == QLatin1String("ascending");
+    const bool byName = m_cateSortby == QLatin1String("name");
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        const Category &x = categories[ascending ? a : b];
+        const Category &y = categories[ascending ? b : a];
+        return byName
+                   ? getLocalizedString(x.title).localeAwareCompare(getLocalizedString(y.title)) < 0
+                   : x.size < y.size;
+    });
+    return order;
 }
 
 void KestalDetailViewController::fillLeft()
@@ -197,11 +260,9 @@ void KestalDetailViewController::fillLeft()
     m_left->clear();
     const QList<Category> categories =
         AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
-    for (int ci = 0; ci < categories.size(); ++ci) {
-        const QString title = getLocalizedString(categories[ci].title);
-        if (!m_keywords.isEmpty() && !title.contains(m_keywords, Qt::CaseInsensitive))
-            continue;
-        auto *row = new QTreeWidgetItem(m_left, {title, byteString(categories[ci].size)});
+    for (int ci : shownCategories()) {
+        auto *row = new QTreeWidgetItem(
+            m_left, {getLocalizedString(categories[ci].title), byteString(categories[ci].size)});
         row->setData(0, fileRole, ci);
         row->setIcon(0, ImageStore::icon(categories[ci].image));
         row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
@@ -270,12 +331,7 @@ void KestalDetailViewController::itemChanged(QTreeWidgetItem *item, int column)
     const int state = item->checkState(0) == Qt::Checked ? 1 : 0;
     const int index = item->data(0, fileRole).toInt();
     if (item->treeWidget() == m_left) {
-        // A category's box sets every file of it.
-        const int count = int(AppModuleService::categoriesOf(m_moduleIndex).at(index).files.size());
-        for (int fi = 0; fi < count; ++fi)
-            AppModuleService::updateState(state, m_moduleIndex, index, fi, std::nullopt);
-        if (count == 0)
-            AppModuleService::updateState(state, m_moduleIndex, index, std::nullopt, std::nullopt);
+        setCategoryState(index, state);
     } else {
         const int child = item->data(0, childRole).toInt();
         AppModuleService::updateState(state, m_moduleIndex, m_tableViewRow, index,
@@ -286,18 +342,62 @@ void KestalDetailViewController::itemChanged(QTreeWidgetItem *item, int column)
     emit selectionChanged();
 }
 
+void KestalDetailViewController::setCategoryState(int categoryIndex, int state)
+{
+    // A category's box sets every file of it.
+    const int count =
+        int(AppModuleService::categoriesOf(m_moduleIndex).at(categoryIndex).files.size());
+    for (int fi = 0; fi < count; ++fi)
+        AppModuleService::updateState(state, m_moduleIndex, categoryIndex, fi, std::nullopt);
+    if (count == 0)
+        AppModuleService::updateState(state, m_moduleIndex, categoryIndex, std::nullopt,
+                                      std::nullopt);
+}
+
 void KestalDetailViewController::updateAllDetailStatusAction()
 {
     const QList<Category> &categories = AppModuleService::categoriesOf(m_moduleIndex);
     if (m_tableViewRow >= categories.size())
         return;
     // A mixed or empty box turns on; a full one off.
-    const int state = categories.at(m_tableViewRow).state == 1 ? 0 : 1;
-    const int count = int(categories.at(m_tableViewRow).files.size());
-    for (int fi = 0; fi < count; ++fi)
-        AppModuleService::updateState(state, m_moduleIndex, m_tableViewRow, fi, std::nullopt);
+    setCategoryState(m_tableViewRow, categories.at(m_tableViewRow).state == 1 ? 0 : 1);
     updateView();
     emit selectionChanged();
+}
+
+int KestalDetailViewController::allCategoriesState() const
+{
+    const QList<Category> &categories = AppModuleService::categoriesOf(m_moduleIndex);
+    int on = 0;
+    for (const Category &c : categories) {
+        if (c.state == -1)
+            return -1;
+        on += c.state;
+    }
+    if (on == 0)
+        return 0;
+    return on == categories.size() ? 1 : -1;
+}
+
+void KestalDetailViewController::updateAllCategoryStatusAction()
+{
+    // Over every category of the module, shown or not: a mixed or empty
+    // box turns all on, a full one all off.
+    const int state = allCategoriesState() == 1 ? 0 : 1;
+    for (int ci = 0; ci < AppModuleService::categoriesOf(m_moduleIndex).size(); ++ci)
+        setCategoryState(ci, state);
+    updateView();
+    emit selectionChanged();
+}
+
+void KestalDetailViewController::updateTopCategorySelectBtnStatus()
+{
+    const int state = allCategoriesState();
+    m_allCategory->setTristate(state == -1);
+    m_allCategory->setCheckState(checkStateOf(state));
+    m_allCategory->setText(state == 1 ? getLocalizedString(QStringLiteral("Deselect All"))
+                                      : getLocalizedString(QStringLiteral("Select All")));
+    m_allCategory->setEnabled(!AppModuleService::categoriesOf(m_moduleIndex).isEmpty());
 }
 
 void KestalDetailViewController::updateTopDetailSelectBtnStatus()
@@ -335,6 +435,17 @@ void KestalDetailViewController::sort(const QString &sortDirection, const QStrin
     if (keys.contains(sortby))
         m_sortby = sortby;
     updateView();
+}
+
+void KestalDetailViewController::categorySort(const QString &sortDirection, const QString &sortby)
+{
+    if (sortDirection == QLatin1String("ascending") || sortDirection == QLatin1String("descending"))
+        m_cateSortDirection = sortDirection;
+    if (sortby == QLatin1String("name") || sortby == QLatin1String("size"))
+        m_cateSortby = sortby;
+    // The first row of the new order is the one shown.
+    const QList<int> order = shownCategories();
+    clickEvent(order.isEmpty() ? 0 : order.first());
 }
 
 void KestalDetailViewController::searchDetaiAction()

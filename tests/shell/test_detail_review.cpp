@@ -10,6 +10,8 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
 #include <QTreeWidget>
 
 using viewStatus = KestalSuperViewController::viewStatus;
@@ -169,6 +171,52 @@ private slots:
         for (const char *kept : {".cache/beta/two.bin", ".cache/alpha/blob.bin", ".cache/loose.log",
                                  ".local/share/xorg/Xorg.0.log.old"})
             QVERIFY2(QFile::exists(m_home->path(kept)), kept);
+    }
+
+    // The box over the categories sets all of them at once; the categories
+    // sort by name or size, and the first of the new order is shown.
+    void categoriesSelectAllAndSort()
+    {
+        QTreeWidget *left = m_review->leftCategoryTableView();
+        QCheckBox *all = m_review->updateAllCategoryBtn();
+        // The shipped table leaves some categories off: the box is mixed.
+        QCOMPARE(all->checkState(), Qt::PartiallyChecked);
+        all->click();
+        QCOMPARE(all->text(), QString("Deselect All"));
+        for (const Category &c : AppModuleService::categoriesOf(systemJunk))
+            QCOMPARE(c.state, 1);
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(systemJunk).first,
+                 double(CategoryTotals::instanceTotalSize(systemJunk)));
+        all->click();
+        QCOMPARE(all->checkState(), Qt::Unchecked);
+        QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(systemJunk).second, 0);
+        QCOMPARE(m_bar->statusTextField()->text(),
+                 "Selected: " + KestalSuperViewController::byteString(0));
+
+        QCOMPARE(namesOf(left).first(), QString("User Cache")); // the table's order
+        m_review->categorySort("ascending", "name");
+        QStringList sorted = namesOf(left);
+        std::sort(sorted.begin(), sorted.end());
+        QCOMPARE(namesOf(left), sorted);
+        QCOMPARE(left->currentItem(), left->topLevelItem(0));
+
+        // Through the menu: by size, the direction kept.
+        QMenu *menu = m_review->findChild<QToolButton *>("categoryPopUpButton")->menu();
+        for (QAction *a : menu->actions()) {
+            if (a->text() == "Size")
+                a->trigger();
+        }
+        QList<qint64> sizes;
+        for (int i = 0; i < left->topLevelItemCount(); ++i)
+            sizes.append(AppModuleService::categoriesOf(systemJunk)
+                             .at(left->topLevelItem(i)->data(0, Qt::UserRole).toInt())
+                             .size);
+        QVERIFY(std::is_sorted(sizes.begin(), sizes.end()));
+        // The smallest category comes first, and the right pane lists its files.
+        const Category &first = AppModuleService::categoriesOf(systemJunk)
+                                    .at(left->topLevelItem(0)->data(0, Qt::UserRole).toInt());
+        QCOMPARE(m_review->rightOutlineView()->topLevelItemCount(),
+                 qMax<qsizetype>(1, first.files.size()));
     }
 };
 
