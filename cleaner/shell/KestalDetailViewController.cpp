@@ -9,7 +9,6 @@
 
 #include <QActionGroup>
 #include <QCheckBox>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -363,7 +362,5 @@ void KestalDetailViewController::backAction()
 
 bool KestalDetailViewController::openFolderPathAction(const FolderInfo &file)
 {
-    // The folder that holds the item, opened in the desktop's file manager.
-    const QString path = file.url.toLocalFile();
-    return Workspace::openURL(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+    return Workspace::selectFile(file.url.toLocalFile());
 }

@@ -29,7 +29,7 @@ public:
     // New order of the right pane: "ascending"/"descending" by "name",
     // "size", "date" or "selection"; an unknown word keeps the one stored.
     void sort(const QString &sortDirection, const QString &sortby);
-    // Shows the file's place in the desktop's file manager.
+    // Shows the file selected in the desktop's file manager.
     static bool openFolderPathAction(const FolderInfo &file);
 
     QTreeWidget *leftCategoryTableView() const { return m_left; }
