@@ -7,7 +7,6 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusReply>
 #include <QFile>
 #include <QProcess>
 #include <QtTest>
@@ -129,30 +128,19 @@ private slots:
         QCOMPARE(m_opened.last(), QUrl::fromLocalFile(m_tree.root()));
     }
 
-    // The name is on the bus but the call fails: first a program that holds
-    // the name without the interface, then one the bus cannot start.
+    // The bus knows a program for the name, but the program fails to start.
     void failingFileManagerOpensTheFolder()
     {
-        const QUrl folder = QUrl::fromLocalFile(m_tree.path("Fotos für Öl"));
-        QVERIFY(standIn().registerService(service));
-        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/Bild 1 é.jpg")));
-        QTRY_COMPARE(m_opened, QList<QUrl>{folder});
-        QVERIFY(standIn().unregisterService(service));
-
         QFile entry(m_data.path() + "/dbus-1/services/" + service + ".service");
         QVERIFY(entry.open(QIODevice::WriteOnly));
         entry.write("[D-BUS Service]\nName=org.freedesktop.FileManager1\nExec=/bin/false\n");
         entry.close();
         QDBusConnectionInterface *bus = QDBusConnection::sessionBus().interface();
-        QVERIFY(bus->call("ReloadConfig").type() == QDBusMessage::ReplyMessage);
-        QTRY_VERIFY(
-            QDBusReply<QStringList>(bus->call("ListActivatableNames")).value().contains(service));
+        QCOMPARE(bus->call("ReloadConfig").type(), QDBusMessage::ReplyMessage);
 
         QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/Bild 1 é.jpg")));
-        QCOMPARE(m_opened.size(), 1); // it waits for the bus's answer
-        QTRY_COMPARE(m_opened, (QList<QUrl>{folder, folder}));
-        QVERIFY(entry.remove());
-        bus->call("ReloadConfig");
+        QCOMPARE(m_opened.size(), 0); // the answer comes later
+        QTRY_COMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(m_tree.path("Fotos für Öl"))});
     }
 };
 
