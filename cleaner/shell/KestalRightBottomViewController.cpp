@@ -13,6 +13,7 @@
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+#include "cleaner/shell/PermissionCheck.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 
@@ -198,6 +199,8 @@ void KestalRightBottomViewController::overViewScanAction()
     // module that Auto Cleanup is scanning waits for it.
     if (!canScan() || m_overViewScanBtn->text() != getLocalizedString(QStringLiteral("Scan")) ||
         m_status != viewStatus::overview || KestalService::scanStatus().value(m_moduleIndex) == 1)
+        return;
+    if (!PermissionCheck::checkPermission(m_moduleIndex))
         return;
     KestalService::scanTotalSize()[m_moduleIndex] = 0;
     KestalService::scanningPercent()[m_moduleIndex] = 0;
