@@ -41,7 +41,7 @@ class WorkspaceTest : public QObject {
 
 private:
     QProcess m_daemon;
-    QTemporaryDir m_data; // the bus's XDG_DATA_HOME, where it finds activatable services
+    QTemporaryDir m_data; // the only place where the bus finds activatable services
     TreeBuilder m_tree;
     QList<QUrl> m_opened;
     FileManagerStandIn m_fileManager;
@@ -59,7 +59,9 @@ private slots:
     {
         QVERIFY(QDir().mkpath(m_data.path() + "/dbus-1/services"));
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        // Not the system's services: a file manager installed there would start.
         env.insert("XDG_DATA_HOME", m_data.path());
+        env.insert("XDG_DATA_DIRS", m_data.path());
         m_daemon.setProcessEnvironment(env);
         m_daemon.start("dbus-daemon", {"--session", "--print-address", "--nofork"});
         QVERIFY2(m_daemon.waitForStarted(), "dbus-daemon is needed (scripts/bootstrap)");
