@@ -1,5 +1,7 @@
 #include "cleaner/core/DirectoryEnumerator.h"
 
+#include "cleaner/core/Platform.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -28,6 +30,13 @@ DIR *openFolderAt(int parentFd, const char *name)
     return dir;
 }
 
+DirectoryEnumerator::Error folderError(const QByteArray &path, int code)
+{
+    return {path, code,
+            Platform::folderErrorDescription(
+                ResourceValues::displayName(ResourceValues::lastComponent(path)), code)};
+}
+
 QByteArray withoutTrailingSlash(QByteArray path)
 {
     while (path.endsWith('/'))
@@ -40,17 +49,22 @@ QByteArray withoutTrailingSlash(QByteArray path)
 DirectoryEnumerator::DirectoryEnumerator(int options) : m_options(options) {}
 DirectoryEnumerator::~DirectoryEnumerator() = default;
 
-std::unique_ptr<DirectoryEnumerator> DirectoryEnumerator::create(const QByteArray &rootPath,
-                                                                 int options)
+std::unique_ptr<DirectoryEnumerator>
+DirectoryEnumerator::create(const QByteArray &rootPath, int options, ErrorHandler errorHandler)
 {
     if (rootPath.isEmpty())
         return nullptr;
     // A trailing slash would make the kernel follow a link in the last place.
     const QByteArray trimmed = withoutTrailingSlash(rootPath);
     DIR *dir = openFolderAt(AT_FDCWD, trimmed.isEmpty() ? "/" : trimmed.constData());
-    if (!dir)
+    if (!dir) {
+        const int code = errno;
+        if (errorHandler)
+            errorHandler(folderError(trimmed.isEmpty() ? QByteArray("/") : trimmed, code));
         return nullptr;
+    }
     std::unique_ptr<DirectoryEnumerator> e(new DirectoryEnumerator(options));
+    e->m_errorHandler = std::move(errorHandler);
     auto frame = std::make_unique<Frame>();
     frame->dir = dir;
     frame->path = trimmed;
@@ -68,8 +82,13 @@ bool DirectoryEnumerator::descendIntoPending()
     Frame &parent = *m_stack.back();
     const QByteArray name = m_path.mid(parent.path.size() + 1);
     DIR *dir = openFolderAt(dirfd(parent.dir), name.constData());
-    if (!dir)
-        return false; // unreadable folder: listed, not entered
+    if (!dir) {
+        // An unreadable folder is listed, not entered.
+        const int code = errno;
+        if (m_errorHandler && !m_errorHandler(folderError(m_path, code)))
+            m_stack.clear();
+        return false;
+    }
     auto frame = std::make_unique<Frame>();
     frame->dir = dir;
     frame->path = m_path;

@@ -3,6 +3,8 @@
 #include "cleaner/core/ResourceValues.h"
 
 #include <QByteArray>
+#include <QString>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,9 +23,19 @@ public:
         SkipsHiddenFiles = 1 << 2,
     };
 
+    // A folder that could not be opened, in the words of the platform.
+    struct Error {
+        QByteArray path;
+        int code = 0; // errno
+        QString localizedDescription;
+    };
+    // Told of each folder that cannot be opened, the root included; answers
+    // whether the walk goes on.
+    using ErrorHandler = std::function<bool(const Error &)>;
+
     // nullptr when the root cannot be opened as a folder (missing, a link, unreadable).
-    static std::unique_ptr<DirectoryEnumerator> create(const QByteArray &rootPath,
-                                                       int options = NoOptions);
+    static std::unique_ptr<DirectoryEnumerator>
+    create(const QByteArray &rootPath, int options = NoOptions, ErrorHandler errorHandler = {});
     ~DirectoryEnumerator();
     DirectoryEnumerator(const DirectoryEnumerator &) = delete;
     DirectoryEnumerator &operator=(const DirectoryEnumerator &) = delete;
@@ -54,6 +66,7 @@ private:
     bool descendIntoPending();
 
     int m_options;
+    ErrorHandler m_errorHandler;
     std::vector<std::unique_ptr<Frame>> m_stack;
     QByteArray m_path;
     struct stat m_stat {};

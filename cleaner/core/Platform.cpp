@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMutex>
+#include <cerrno>
+#include <cstring>
 #include <optional>
 #include <pwd.h>
 #include <unistd.h>
@@ -272,6 +274,15 @@ QStringList Platform::languageFolderNames(const LanguageTag &tag)
 QString Platform::languageFolderSuffix()
 {
     return isMacOS() ? QStringLiteral(".lproj") : QString();
+}
+
+QString Platform::folderErrorDescription(const QString &name, int code)
+{
+    if (isMacOS() && (code == EACCES || code == EPERM))
+        return QStringLiteral("The folder “%1” couldn’t be opened because you don’t "
+                              "have permission to view it.")
+            .arg(name);
+    return QString::fromLocal8Bit(std::strerror(code));
 }
 
 QString Platform::mailIndexName()

@@ -89,6 +89,11 @@ public:
     // (Linux: Evolution's source of the account), or the folder's name.
     static QString mailAccountName(const QString &folderName);
 
+    // How the system words a folder that cannot be opened (errno code): macOS
+    // tells a denied folder by name, in the sentence its privacy guard gives;
+    // otherwise the C library's message.
+    static QString folderErrorDescription(const QString &name, int code);
+
     // The design's version checks ask for 10.12 or later; both profiles stand
     // for current systems, so this is true unless a test says otherwise.
     static bool systemVersionAtLeast(int major, int minor);

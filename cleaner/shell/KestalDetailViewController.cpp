@@ -9,7 +9,6 @@
 
 #include <QActionGroup>
 #include <QCheckBox>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -197,10 +196,16 @@ void KestalDetailViewController::reloadTexts()
     updateView();
 }
 
+QList<Category> KestalDetailViewController::shownModuleCategories() const
+{
+    // A module without categories (a table under test, a module to come)
+    // shows empty panes.
+    return AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+}
+
 QList<FolderInfoPtr> KestalDetailViewController::shownFiles() const
 {
-    const QList<Category> categories =
-        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    const QList<Category> categories = shownModuleCategories();
     return m_tableViewRow < categories.size() ? categories.at(m_tableViewRow).files
                                               : QList<FolderInfoPtr>();
 }
@@ -232,8 +237,7 @@ void KestalDetailViewController::updateView()
 
 QList<int> KestalDetailViewController::shownCategories() const
 {
-    const QList<Category> categories =
-        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    const QList<Category> categories = shownModuleCategories();
     QList<int> order;
     for (int ci = 0; ci < categories.size(); ++ci) {
         if (m_keywords.isEmpty() ||
@@ -258,8 +262,7 @@ QList<int> KestalDetailViewController::shownCategories() const
 void KestalDetailViewController::fillLeft()
 {
     m_left->clear();
-    const QList<Category> categories =
-        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    const QList<Category> categories = shownModuleCategories();
     for (int ci : shownCategories()) {
         auto *row = new QTreeWidgetItem(
             m_left, {getLocalizedString(categories[ci].title), byteString(categories[ci].size)});
@@ -367,7 +370,7 @@ void KestalDetailViewController::updateAllDetailStatusAction()
 
 int KestalDetailViewController::allCategoriesState() const
 {
-    const QList<Category> &categories = AppModuleService::categoriesOf(m_moduleIndex);
+    const QList<Category> categories = shownModuleCategories();
     int on = 0;
     for (const Category &c : categories) {
         if (c.state == -1)
@@ -384,7 +387,7 @@ void KestalDetailViewController::updateAllCategoryStatusAction()
     // Over every category of the module, shown or not: a mixed or empty
     // box turns all on, a full one all off.
     const int state = allCategoriesState() == 1 ? 0 : 1;
-    for (int ci = 0; ci < AppModuleService::categoriesOf(m_moduleIndex).size(); ++ci)
+    for (int ci = 0; ci < shownModuleCategories().size(); ++ci)
         setCategoryState(ci, state);
     updateView();
     emit selectionChanged();
@@ -397,13 +400,12 @@ void KestalDetailViewController::updateTopCategorySelectBtnStatus()
     m_allCategory->setCheckState(checkStateOf(state));
     m_allCategory->setText(state == 1 ? getLocalizedString(QStringLiteral("Deselect All"))
                                       : getLocalizedString(QStringLiteral("Select All")));
-    m_allCategory->setEnabled(!AppModuleService::categoriesOf(m_moduleIndex).isEmpty());
+    m_allCategory->setEnabled(!shownModuleCategories().isEmpty());
 }
 
 void KestalDetailViewController::updateTopDetailSelectBtnStatus()
 {
-    const QList<Category> categories =
-        AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    const QList<Category> categories = shownModuleCategories();
     const int state = m_tableViewRow < categories.size() ? categories[m_tableViewRow].state : 0;
     m_allDetail->setTristate(state == -1);
     m_allDetail->setCheckState(checkStateOf(state));
@@ -474,7 +476,5 @@ void KestalDetailViewController::backAction()
 
 bool KestalDetailViewController::openFolderPathAction(const FolderInfo &file)
 {
-    // The folder that holds the item, opened in the desktop's file manager.
-    const QString path = file.url.toLocalFile();
-    return Workspace::openURL(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
+    return Workspace::selectFile(file.url.toLocalFile());
 }

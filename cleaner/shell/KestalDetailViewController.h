@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/core/FolderInfo.h"
+#include "cleaner/core/ModuleTypes.h"
 #include "cleaner/shell/KestalSuperViewController.h"
 
 class QCheckBox;
@@ -34,7 +35,7 @@ public:
     // The same for the categories, by "name" or "size"; the module table's
     // order stands until the first choice.
     void categorySort(const QString &sortDirection, const QString &sortby);
-    // Shows the file's place in the desktop's file manager.
+    // Shows the file selected in the desktop's file manager.
     static bool openFolderPathAction(const FolderInfo &file);
 
     QTreeWidget *leftCategoryTableView() const { return m_left; }
@@ -68,6 +69,7 @@ private:
     QList<int> shownCategories() const;
     void itemChanged(QTreeWidgetItem *item, int column);
     QList<FolderInfoPtr> shownFiles() const;
+    QList<Category> shownModuleCategories() const;
 
     int m_moduleIndex;
     int m_tableViewRow = 0;

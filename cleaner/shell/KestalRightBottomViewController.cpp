@@ -14,6 +14,7 @@
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
+#include "cleaner/shell/PermissionCheck.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 
@@ -200,6 +201,8 @@ void KestalRightBottomViewController::overViewScanAction()
     // module that Auto Cleanup is scanning waits for it.
     if (!canScan() || m_overViewScanBtn->text() != getLocalizedString(QStringLiteral("Scan")) ||
         m_status != viewStatus::overview || KestalService::scanStatus().value(m_moduleIndex) == 1)
+        return;
+    if (!PermissionCheck::checkPermission(m_moduleIndex))
         return;
     enterScanning();
     startScan();

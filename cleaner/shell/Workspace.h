@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QUrl>
 #include <functional>
 
@@ -9,6 +10,10 @@ class Workspace {
 public:
     using Opener = std::function<bool(const QUrl &)>;
     static bool openURL(const QUrl &url);
+    // Shows the item selected in the desktop's file manager (the freedesktop
+    // FileManager1 interface on the session bus). Without one, or when the
+    // call fails, opens the folder that holds the item through openURL.
+    static bool selectFile(const QString &path);
     // Replaces the desktop's opener; an empty function restores it.
     static void setOpenerForTesting(Opener opener);
 };

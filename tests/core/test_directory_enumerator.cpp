@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QtTest>
+#include <cerrno>
 
 namespace {
 
@@ -160,6 +161,53 @@ private slots:
             return seen == QStringList({"locked", "open", "open/inside"});
         });
         t.chmod("locked", 0755);
+        QVERIFY(ok);
+    }
+
+    // The handler hears of each folder that cannot be opened, the root
+    // included, in the words of the macOS profile; its false ends the walk.
+    void errorHandlerHearsOfUnreadableFolders()
+    {
+        if (!TestEnvironment::canDropPrivileges())
+            QSKIP("no unprivileged user to test permissions with");
+        TestEnvironment env(QStringLiteral("macos"));
+        TreeBuilder t;
+        t.openToAll();
+        for (const QString folder : {"one", "two"}) {
+            t.file(folder + "/inside", 4);
+            t.chmod(folder, 0000);
+        }
+        t.file("open/inside", 4);
+        const QByteArray root = QFile::encodeName(t.root());
+        const bool ok = TestEnvironment::asUnprivileged([root] {
+            const QString denied = QStringLiteral("The folder \u201c%1\u201d couldn\u2019t be "
+                                                  "opened because you don\u2019t have permission "
+                                                  "to view it.");
+            QStringList errors;
+            int itemsAfterError = 0;
+            auto walk = [&](const QByteArray &from, bool goOn) {
+                errors.clear();
+                auto e = DirectoryEnumerator::create(from, DirectoryEnumerator::NoOptions,
+                                                     [&](const DirectoryEnumerator::Error &error) {
+                                                         errors << error.localizedDescription;
+                                                         itemsAfterError = 0;
+                                                         return goOn && error.code == EACCES;
+                                                     });
+                while (e && e->next())
+                    ++itemsAfterError;
+                return e != nullptr;
+            };
+            walk(root, true);
+            errors.sort();
+            const bool goesOn = errors == QStringList{denied.arg("one"), denied.arg("two")};
+            walk(root, false);
+            const bool stops = errors.size() == 1 && itemsAfterError == 0;
+            const bool rootTold =
+                !walk(root + "/one", true) && errors == QStringList{denied.arg("one")};
+            return goesOn && stops && rootTold;
+        });
+        t.chmod("one", 0755);
+        t.chmod("two", 0755);
         QVERIFY(ok);
     }
 };

@@ -13,7 +13,7 @@
 
 class ShippedWindow {
 public:
-    ShippedWindow()
+    explicit ShippedWindow(const QString &profile = QStringLiteral("linux")) : env(profile)
     {
         env.useShippedResources();
         TestEnvironment::resetCaches();

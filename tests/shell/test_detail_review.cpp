@@ -55,7 +55,13 @@ private:
     }
 
 private slots:
-    void initTestCase() { isolateUserSettings(); }
+    void initTestCase()
+    {
+        isolateUserSettings();
+        // No file manager on this test's bus: the item's folder opens
+        // through the recorder.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+    }
 
     void init()
     {

@@ -1,0 +1,150 @@
+// Showing an item in the desktop's file manager, over a private session bus.
+// On a desktop the file manager is a program of its own; here a stand-in
+// answers on a connection of its own, so every call crosses the real bus.
+
+#include "cleaner/shell/Workspace.h"
+#include "support/TreeBuilder.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QFile>
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.FileManager1");
+const QString objectPath = QStringLiteral("/org/freedesktop/FileManager1");
+const QString standInConnection = QStringLiteral("file-manager");
+
+// Records what the desktop's file manager was asked to show.
+class FileManagerStandIn : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+public:
+    QStringList shown;
+    QStringList startupIds;
+
+public slots:
+    void ShowItems(const QStringList &uris, const QString &startupId)
+    {
+        shown += uris;
+        startupIds += startupId;
+    }
+};
+
+} // namespace
+
+class WorkspaceTest : public QObject {
+    Q_OBJECT
+
+private:
+    QProcess m_daemon;
+    QTemporaryDir m_data; // the only place where the bus finds activatable services
+    TreeBuilder m_tree;
+    QList<QUrl> m_opened;
+    FileManagerStandIn m_fileManager;
+
+    QDBusConnection standIn() const { return QDBusConnection(standInConnection); }
+
+    // The file URL of a path below the tree, the tree's own part encoded by Qt.
+    QString urlBelowTree(const QString &encodedRest) const
+    {
+        return QUrl::fromLocalFile(m_tree.root()).toString(QUrl::FullyEncoded) + encodedRest;
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(QDir().mkpath(m_data.path() + "/dbus-1/services"));
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        // Not the system's services: a file manager installed there would start.
+        env.insert("XDG_DATA_HOME", m_data.path());
+        env.insert("XDG_DATA_DIRS", m_data.path());
+        m_daemon.setProcessEnvironment(env);
+        m_daemon.start("dbus-daemon", {"--session", "--print-address", "--nofork"});
+        QVERIFY2(m_daemon.waitForStarted(), "dbus-daemon is needed (scripts/bootstrap)");
+        while (!m_daemon.canReadLine())
+            QVERIFY(m_daemon.waitForReadyRead(10000));
+        const QByteArray address = m_daemon.readLine().trimmed();
+        // Before the first use: the session bus connection is made only once.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        QVERIFY(QDBusConnection::sessionBus().isConnected());
+        QVERIFY(QDBusConnection::connectToBus(QString::fromUtf8(address), standInConnection)
+                    .isConnected());
+
+        Workspace::setOpenerForTesting([this](const QUrl &url) {
+            m_opened.append(url);
+            return true;
+        });
+        m_tree.file("Fotos für Öl/Bild 1 é.jpg", 10);
+    }
+
+    void cleanupTestCase()
+    {
+        Workspace::setOpenerForTesting({});
+        QDBusConnection::disconnectFromBus(standInConnection);
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    void init()
+    {
+        m_opened.clear();
+        m_fileManager.shown.clear();
+        m_fileManager.startupIds.clear();
+    }
+
+    void cleanup()
+    {
+        standIn().unregisterObject(objectPath);
+        standIn().unregisterService(service);
+    }
+
+    void showsTheItemSelectedWithItsUriFullyEncoded()
+    {
+        QVERIFY(
+            standIn().registerObject(objectPath, &m_fileManager, QDBusConnection::ExportAllSlots));
+        QVERIFY(standIn().registerService(service));
+
+        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/Bild 1 é.jpg")));
+        QTRY_COMPARE(m_fileManager.shown.size(), 1);
+        QCOMPARE(m_fileManager.shown.first(),
+                 urlBelowTree("/Fotos%20f%C3%BCr%20%C3%96l/Bild%201%20%C3%A9.jpg"));
+        QCOMPARE(m_fileManager.startupIds, QStringList{QString()});
+
+        // Removed since it was listed, with its folder: the nearest folder left.
+        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/gone/Bild 2.jpg")));
+        QTRY_COMPARE(m_fileManager.shown.size(), 2);
+        QCOMPARE(m_fileManager.shown.last(), urlBelowTree("/Fotos%20f%C3%BCr%20%C3%96l"));
+        QCOMPARE(m_opened, QList<QUrl>{});
+    }
+
+    void withoutFileManagerOpensTheFolderAtOnce()
+    {
+        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/Bild 1 é.jpg")));
+        QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(m_tree.path("Fotos für Öl"))});
+
+        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/gone/Bild 2.jpg")));
+        QCOMPARE(m_opened.last(), QUrl::fromLocalFile(m_tree.root()));
+    }
+
+    // The bus knows a program for the name, but the program fails to start.
+    void failingFileManagerOpensTheFolder()
+    {
+        QFile entry(m_data.path() + "/dbus-1/services/" + service + ".service");
+        QVERIFY(entry.open(QIODevice::WriteOnly));
+        entry.write("[D-BUS Service]\nName=org.freedesktop.FileManager1\nExec=/bin/false\n");
+        entry.close();
+        QDBusConnectionInterface *bus = QDBusConnection::sessionBus().interface();
+        QCOMPARE(bus->call("ReloadConfig").type(), QDBusMessage::ReplyMessage);
+
+        QVERIFY(Workspace::selectFile(m_tree.path("Fotos für Öl/Bild 1 é.jpg")));
+        QCOMPARE(m_opened.size(), 0); // the answer comes later
+        QTRY_COMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(m_tree.path("Fotos für Öl"))});
+    }
+};
+
+QTEST_MAIN(WorkspaceTest)
+#include "test_workspace.moc"
