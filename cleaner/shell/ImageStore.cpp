@@ -6,7 +6,7 @@
 
 namespace {
 
-const char *const folders[] = {"modules", "categories", "states", "flags", "app"};
+const char *const folders[] = {"modules", "categories", "states", "flags", "app", "files"};
 
 } // namespace
 

@@ -80,6 +80,18 @@ void fillSortMenu(QMenu *menu, std::initializer_list<SortItem> keyItems, const Q
     group({{"Ascending", "ascending"}, {"Descending", "descending"}}, sortDirection, false);
 }
 
+// The desktop theme's icon for the item's kind, else the product's own
+// folder or document drawing.
+QIcon fileIcon(const FolderInfo &file)
+{
+    const QString name = file.iconName();
+    if (ImageStore::has(name))
+        return ImageStore::icon(name);
+    return ImageStore::themeIcon(name, file.isFolder || file.isPackage
+                                           ? QStringLiteral("Folder")
+                                           : QStringLiteral("Document"));
+}
+
 QToolButton *sortButton(QWidget *parent, const QString &name)
 {
     auto *button = new QToolButton(parent);
@@ -311,7 +323,7 @@ void KestalDetailViewController::fillRight()
             m_right, {file.name, byteString(file.size), file.date.toString(dateFormat)});
         row->setData(0, fileRole, fi);
         row->setData(0, childRole, -1);
-        row->setIcon(0, ImageStore::icon(file.iconName()));
+        row->setIcon(0, fileIcon(file));
         row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
         row->setCheckState(0, checkStateOf(file.checked));
         for (int child = 0; child < file.children.size(); ++child) {
