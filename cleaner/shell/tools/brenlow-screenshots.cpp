@@ -76,8 +76,9 @@ void confirmNextQuestion()
 class WorkflowShots {
 public:
     WorkflowShots(QMainWindow *window, KestalRootViewController *root, QString out,
-                  QString language)
-        : m_window(window), m_root(root), m_out(std::move(out)), m_language(std::move(language))
+                  QString language, QString suffix)
+        : m_window(window), m_root(root), m_out(std::move(out)), m_language(std::move(language)),
+          m_suffix(std::move(suffix))
     {}
 
     // The window as it stands; `now` takes it before the event loop runs, so
@@ -86,7 +87,8 @@ public:
     {
         if (!now)
             settle();
-        const QString name = QStringLiteral("%1/%2-%3.png").arg(m_out, m_language, stem);
+        const QString name =
+            QStringLiteral("%1/%2-%3%4.png").arg(m_out, m_language, stem, m_suffix);
         (widget ? widget : m_window)->grab().save(name, "PNG", 0);
         QTextStream(stdout) << name << '\n';
     }
@@ -139,6 +141,7 @@ private:
     KestalRootViewController *m_root;
     QString m_out;
     QString m_language;
+    QString m_suffix;
 };
 
 } // namespace
@@ -185,7 +188,7 @@ int main(int argc, char *argv[])
         // One language a run: a clean changes the tree the next one would see.
         if (QAction *item = delegate.languageItem(languages.first()))
             item->trigger();
-        WorkflowShots shots(window, root, out, languages.first());
+        WorkflowShots shots(window, root, out, languages.first(), suffix);
         shots.run(1, QStringLiteral("system-junk"));
         shots.run(0, QStringLiteral("auto-cleanup"));
         return 0;
