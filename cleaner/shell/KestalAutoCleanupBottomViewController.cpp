@@ -60,19 +60,25 @@ QList<int> KestalAutoCleanupBottomViewController::childModules()
 
 KestalRightBottomViewController *KestalAutoCleanupBottomViewController::childBar(int n) const
 {
-    const int child = childModules().value(n, -1);
-    return child < 0 ? nullptr : split()->bottomSwitch()->barOfModule(child);
+    return m_followers.value(n);
 }
 
 void KestalAutoCleanupBottomViewController::startScan()
 {
     // Each child's own screen follows its part of the scan; one that is
-    // busy on its own (a scan or a clean of its own) is left alone.
-    for (int n = 0; n < cateCount(); ++n) {
-        KestalRightBottomViewController *child = childBar(n);
-        if (child && child->status() != viewStatus::scanning &&
-            child->status() != viewStatus::cleanning)
-            child->enterScanning();
+    // busy on its own (a scan or a clean of its own) is left alone. Taken
+    // once here, as the scan reports for every file it finds.
+    m_children = childModules();
+    m_followers.clear();
+    for (int child : std::as_const(m_children)) {
+        KestalRightBottomViewController *follower =
+            child < 0 ? nullptr : split()->bottomSwitch()->barOfModule(child);
+        if (follower && (follower->status() == viewStatus::scanning ||
+                         follower->status() == viewStatus::cleanning))
+            follower = nullptr;
+        if (follower)
+            follower->enterScanning();
+        m_followers.append(follower);
     }
     QPointer<KestalAutoCleanupBottomViewController> bar(this);
     const int cateCount = this->cateCount();
@@ -91,7 +97,7 @@ void KestalAutoCleanupBottomViewController::startScan()
                 child->updateScanningPercent(percent);
             bar->updateOwnPercent();
         },
-        [bar, cateCount](int n, int ci, bool finished) {
+        [bar, cateCount](int n, int ci, bool) {
             if (!bar || n < 0)
                 return;
             KestalRightBottomViewController *child = bar->childBar(n);
@@ -106,8 +112,6 @@ void KestalAutoCleanupBottomViewController::startScan()
             }
             if (child)
                 child->followCategoryDone(ci);
-            if (finished)
-                ++bar->m_doneCategories;
             bar->updateOwnPercent();
         });
 }
@@ -116,11 +120,10 @@ void KestalAutoCleanupBottomViewController::updateOwnPercent()
 {
     // The mean of the children's percents, each of which counts its
     // finished categories.
-    const int count = cateCount();
     float sum = 0;
-    for (int n = 0; n < count; ++n)
-        sum += KestalService::scanningPercent().value(childModules().value(n, -1));
-    const float percent = sum / float(qMax(1, count));
+    for (int child : std::as_const(m_children))
+        sum += KestalService::scanningPercent().value(child);
+    const float percent = sum / float(qMax(1, int(m_children.size())));
     KestalService::scanningPercent()[autoCleanupModule] = percent;
     topChild()->updateProgress(percent);
     emit moduleRowChanged(autoCleanupModule);

@@ -33,11 +33,15 @@ protected:
     bool hasReview() const override { return false; }
 
 private:
-    // The bar of the child module of row n of the result list, if any.
+    // The bar of the child module of row n that follows the scan, if any.
     KestalRightBottomViewController *childBar(int n) const;
     void updateOwnPercent();
     void childCleanEnded(int n, int child, int status, int number, qint64 size);
 
     SerialQueue m_serialQueue{QStringLiteral("autoCleanup")};
     int m_cleanedChildren = 0;
+    // Taken at the scan's start: the child modules, and the bars of those
+    // that follow it (null where a child was busy on its own).
+    QList<int> m_children;
+    QList<KestalRightBottomViewController *> m_followers;
 };

@@ -359,14 +359,12 @@ void KestalDetailViewController::itemChanged(QTreeWidgetItem *item, int column)
 
 void KestalDetailViewController::setCategoryState(int categoryIndex, int state)
 {
-    // A category's box sets every file of it.
-    const int count =
-        int(AppModuleService::categoriesOf(m_moduleIndex).at(categoryIndex).files.size());
-    for (int fi = 0; fi < count; ++fi)
-        AppModuleService::updateState(state, m_moduleIndex, categoryIndex, fi, std::nullopt);
-    if (count == 0)
-        AppModuleService::updateState(state, m_moduleIndex, categoryIndex, std::nullopt,
-                                      std::nullopt);
+    // A category's box sets every file of it in one pass (file index -1),
+    // not one file at a time, which would roll the state up once per file.
+    const bool hasFiles =
+        !AppModuleService::categoriesOf(m_moduleIndex).at(categoryIndex).files.isEmpty();
+    AppModuleService::updateState(state, m_moduleIndex, categoryIndex,
+                                  hasFiles ? std::optional<int>(-1) : std::nullopt, std::nullopt);
 }
 
 void KestalDetailViewController::updateAllDetailStatusAction()
