@@ -5,7 +5,6 @@
 // property test. Header only: each test executable includes what it uses.
 
 #include "cleaner/clean/CleanResults.h"
-#include "cleaner/clean/KestalCleanManager.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/clean/MessageChannel.h"
 #include "cleaner/clean/XPCUtil.h"
@@ -16,9 +15,9 @@
 #include "support/TreeBuilder.h"
 
 #include <QCryptographicHash>
-#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QRandomGenerator>
 #include <QTest>
 #include <algorithm>
@@ -78,14 +77,14 @@ public:
     void sendRaw(const QByteArray &bytes) { process.write(bytes); }
 
     // The next message, waiting for it as long as the program lives.
-    std::optional<QCborMap> next(int timeoutMs = 20000)
+    std::optional<QCborMap> next()
     {
         (void)QTest::qWaitFor(
             [&] {
                 pump();
                 return !queue.isEmpty() || process.state() == QProcess::NotRunning;
             },
-            timeoutMs);
+            20000);
         pump();
         if (queue.isEmpty())
             return std::nullopt;
@@ -131,9 +130,12 @@ struct CleanRun {
     bool finished = false;
     int status = 0;
 
-    void start(int module)
+    // Cleans the module and waits for the end of the clean; `stopFirst`
+    // asks for the stop before the clean begins.
+    bool cleanToEnd(int module, bool stopFirst = false)
     {
         KestalCleanRecorder::handleClean(module);
+        KestalModuleCleanService::setStop(module, stopFirst);
         auto recorder = std::make_shared<KestalCleanRecorder>(
             module, [this](bool result, int ci, int status, int number, qint64 size) {
                 reports.append({result, ci, status, number, size});
@@ -143,23 +145,72 @@ struct CleanRun {
                 }
             });
         KestalModuleCleanService::analysisModule(module, recorder);
+        return QTest::qWaitFor([this] { return finished; }, 20000);
     }
 };
 
-// Writes the edition's Info.plist and a one-module table whose categories
-// have these roots (file URLs), and loads them.
-inline void writeModule(TestEnvironment &env, const QList<QStringList> &categoryRoots)
+template <typename Path> QString urlOf(const Path &path)
+{
+    return FolderInfo::absoluteString(FolderInfo::urlFromPath(path));
+}
+
+// Appends the walked node at path to a category, as a scan would list it.
+template <typename Path>
+FolderInfoPtr appendNode(Category &category, const Path &path, bool withChildren)
+{
+    FolderInfoPtr node = FolderInfo::folderInfo(FolderUrl{urlOf(path)}, withChildren, {});
+    node->findex = int(category.files.size());
+    category.files.append(node);
+    category.size += node->size;
+    return node;
+}
+
+// The environment brenlow-cli runs in: a sandboxed home and system root,
+// the Linux profile with these resources, and this helper launcher.
+inline QProcessEnvironment cliEnvironment(const TreeBuilder &sandbox, const QString &resources,
+                                          const QString &launcher)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), sandbox.path(QStringLiteral("home")));
+    environment.insert(QStringLiteral("BRENLOW_ROOT"), sandbox.path(QStringLiteral("root")));
+    environment.insert(QStringLiteral("BRENLOW_PLATFORM"), QStringLiteral("linux"));
+    environment.insert(QStringLiteral("BRENLOW_RESOURCES"), resources);
+    environment.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"), launcher);
+    return environment;
+}
+
+inline void writeInfo(TestEnvironment &env, const QString &key)
 {
     QFile info(env.resources() + QStringLiteral("/Info.plist"));
     info.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    info.write(
-        PropertyList::toXml(QVariantMap{{QStringLiteral("File Name"), QStringLiteral("Brenlow")}}));
-    info.close();
+    info.write(PropertyList::toXml(QVariantMap{{key, QStringLiteral("Brenlow")}}));
+}
+
+// Writes the edition's Info.plist and a one-module table with a category
+// for each root folder, and loads them.
+inline void writeModule(TestEnvironment &env, const QStringList &rootFolders)
+{
+    writeInfo(env, QStringLiteral("File Name"));
     QVariantList categories;
-    for (qsizetype i = 0; i < categoryRoots.size(); ++i)
-        categories.append(TestEnvironment::categoryRow(QStringLiteral("C%1").arg(i), {},
-                                                       QVariant(categoryRoots[i]), 1));
+    for (qsizetype i = 0; i < rootFolders.size(); ++i)
+        categories.append(TestEnvironment::categoryRow(
+            QStringLiteral("C%1").arg(i), {}, QVariant(QStringList{urlOf(rootFolders[i])}), 1));
     env.writeModules(QVariantList{TestEnvironment::moduleRow(QStringLiteral("Test"), categories)});
+}
+
+// The raw names in a folder, sorted.
+inline QList<QByteArray> entries(const QByteArray &folder)
+{
+    QList<QByteArray> names;
+    if (DIR *dir = opendir(folder.constData())) {
+        while (const dirent *ent = readdir(dir)) {
+            if (qstrcmp(ent->d_name, ".") && qstrcmp(ent->d_name, ".."))
+                names.append(ent->d_name);
+        }
+        closedir(dir);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 // Every entry below a folder, by raw relative path: a digest of a file's
@@ -167,13 +218,7 @@ inline void writeModule(TestEnvironment &env, const QList<QStringList> &category
 inline void snapshotInto(const QByteArray &root, const QByteArray &relative,
                          QMap<QByteArray, QByteArray> &out)
 {
-    DIR *dir = opendir(QByteArray(root + relative).constData());
-    if (!dir)
-        return;
-    while (const dirent *ent = readdir(dir)) {
-        const QByteArray name(ent->d_name);
-        if (name == "." || name == "..")
-            continue;
+    for (const QByteArray &name : entries(root + relative)) {
         const QByteArray rel = relative + '/' + name;
         const QByteArray full = root + rel;
         struct stat st;
@@ -187,17 +232,12 @@ inline void snapshotInto(const QByteArray &root, const QByteArray &relative,
             out.insert(rel, "dir");
             snapshotInto(root, rel, out);
         } else {
-            QByteArray data;
-            const int fd = ::open(full.constData(), O_RDONLY);
-            char buffer[65536];
-            for (ssize_t n; fd >= 0 && (n = ::read(fd, buffer, sizeof buffer)) > 0;)
-                data.append(buffer, n);
-            if (fd >= 0)
-                ::close(fd);
-            out.insert(rel, QCryptographicHash::hash(data, QCryptographicHash::Md5));
+            QFile file; // opened by its raw path: names need not be valid text
+            file.open(::open(full.constData(), O_RDONLY), QIODevice::ReadOnly,
+                      QFileDevice::AutoCloseHandle);
+            out.insert(rel, QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5));
         }
     }
-    closedir(dir);
 }
 
 inline QMap<QByteArray, QByteArray> snapshot(const QString &root)
@@ -223,6 +263,8 @@ public:
     ~RandomClean() { unlock(QFile::encodeName(tree.root())); }
 
     // One whole round: a tree, a selection, a clean of module 0, the checks.
+    // `lockSome`: some folders lose their write right, so what is in them
+    // needs the helper.
     static void cleanAndVerify(quint32 seed, bool lockSome)
     {
         TestEnvironment env;
@@ -230,24 +272,22 @@ public:
         random.build(env, lockSome);
         random.select();
         CleanRun run;
-        run.start(0);
-        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+        QVERIFY(run.cleanToEnd(0));
         QCOMPARE(run.status, 999);
         random.verify();
     }
 
-    // `lockSome`: some folders lose their write right, so what is in them
-    // needs the helper.
+private:
     void build(TestEnvironment &env, bool lockSome)
     {
-        const int categories = 1 + int(rng.bounded(3));
-        QList<QStringList> roots;
-        for (int ci = 0; ci < categories; ++ci) {
-            const QString root = tree.folder(QStringLiteral("c%1").arg(ci));
-            roots.append({FolderInfo::absoluteString(FolderInfo::urlFromPath(root))});
-            const int entries = int(rng.bounded(6));
-            for (int e = 0; e < entries; ++e) {
-                const QByteArray name = QByteArray("c") + QByteArray::number(ci) + '/' + nameFor(e);
+        const int count = 1 + int(rng.bounded(3));
+        QStringList roots;
+        for (int ci = 0; ci < count; ++ci) {
+            const QByteArray category = "c" + QByteArray::number(ci);
+            roots.append(tree.folder(QString::fromLatin1(category)));
+            const int items = int(rng.bounded(6));
+            for (int e = 0; e < items; ++e) {
+                const QByteArray name = category + '/' + nameFor(e);
                 if (rng.bounded(2) == 0) {
                     tree.fileBytes(name, rng.bounded(3000));
                     continue;
@@ -267,11 +307,17 @@ public:
                     ::chmod(tree.pathBytes(name).constData(), 0555);
             }
             if (lockSome && rng.bounded(2) == 0)
-                ::chmod(tree.pathBytes("c" + QByteArray::number(ci)).constData(), 0555);
+                ::chmod(tree.pathBytes(category).constData(), 0555);
         }
         writeModule(env, roots);
         before = snapshot(tree.root());
-        load(categories);
+        QList<Category> &categories = AppModuleService::categoriesOf(0);
+        for (int ci = 0; ci < count; ++ci) {
+            const QByteArray folder = tree.pathBytes("c" + QByteArray::number(ci));
+            for (const QByteArray &name : entries(folder))
+                appendNode(categories[ci], QByteArray(folder + '/' + name), true);
+            categories[ci].state = 0;
+        }
     }
 
     void select()
@@ -291,15 +337,11 @@ public:
             categories[ci].state = AppModuleService::calculateParentState(categories[ci].files);
             // What the plan will take: whole nodes, and checked children of partly checked ones.
             for (const FolderInfoPtr &node : std::as_const(categories[ci].files)) {
-                QList<FolderInfoPtr> taken;
-                if (node->checked == 1)
-                    taken.append(node);
-                for (const FolderInfoPtr &child :
-                     node->checked == -1 ? node->children : QList<FolderInfoPtr>()) {
-                    if (child->checked == 1)
-                        taken.append(child);
-                }
-                for (const FolderInfoPtr &t : taken) {
+                const QList<FolderInfoPtr> candidates =
+                    node->checked == -1 ? node->children : QList{node};
+                for (const FolderInfoPtr &t : candidates) {
+                    if (t->checked != 1)
+                        continue;
                     selected.append(FolderInfo::pathBytes(t->url));
                     perCategory[ci].first += 1;
                     perCategory[ci].second += t->size;
@@ -349,26 +391,15 @@ public:
         QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(size, number));
     }
 
-    QRandomGenerator rng;
-    TreeBuilder tree;
-    QList<QByteArray> selected;
-    QMap<int, std::pair<int, qint64>> perCategory;
-    QMap<QByteArray, QByteArray> before;
-
-private:
     static void unlock(const QByteArray &folder)
     {
         ::chmod(folder.constData(), 0755);
-        DIR *dir = opendir(folder.constData());
-        while (const dirent *ent = dir ? readdir(dir) : nullptr) {
+        for (const QByteArray &name : entries(folder)) {
             struct stat st;
-            const QByteArray path = folder + '/' + ent->d_name;
-            if (qstrcmp(ent->d_name, ".") && qstrcmp(ent->d_name, "..") &&
-                lstat(path.constData(), &st) == 0 && S_ISDIR(st.st_mode))
+            const QByteArray path = folder + '/' + name;
+            if (lstat(path.constData(), &st) == 0 && S_ISDIR(st.st_mode))
                 unlock(path);
         }
-        if (dir)
-            closedir(dir);
     }
 
     // Plain names, names with blanks and accents, and bytes that are not UTF-8.
@@ -379,35 +410,11 @@ private:
         return names[int(rng.bounded(quint32(names.size())))] + QByteArray::number(i);
     }
 
-    void load(int categories)
-    {
-        QList<Category> &cats = AppModuleService::categoriesOf(0);
-        for (int ci = 0; ci < categories; ++ci) {
-            QList<QByteArray> names;
-            const QByteArray folder = tree.pathBytes("c" + QByteArray::number(ci));
-            DIR *dir = opendir(folder.constData());
-            while (const dirent *ent = dir ? readdir(dir) : nullptr) {
-                if (qstrcmp(ent->d_name, ".") && qstrcmp(ent->d_name, ".."))
-                    names.append(ent->d_name);
-            }
-            if (dir)
-                closedir(dir);
-            std::sort(names.begin(), names.end());
-            QList<FolderInfoPtr> files;
-            qint64 size = 0;
-            for (const QByteArray &name : names) {
-                const FolderUrl url{
-                    FolderInfo::absoluteString(FolderInfo::urlFromPath(folder + '/' + name))};
-                FolderInfoPtr node = FolderInfo::folderInfo(url, true, {});
-                node->findex = int(files.size());
-                size += node->size;
-                files.append(node);
-            }
-            cats[ci].files = files;
-            cats[ci].size = size;
-            cats[ci].state = 0;
-        }
-    }
+    QRandomGenerator rng;
+    TreeBuilder tree;
+    QList<QByteArray> selected;
+    QMap<int, std::pair<int, qint64>> perCategory;
+    QMap<QByteArray, QByteArray> before;
 };
 
 } // namespace CleanTest

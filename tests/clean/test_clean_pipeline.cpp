@@ -13,23 +13,16 @@ private:
     // A module of these categories, each listing its files, all selected.
     void loadSelected(TestEnvironment &env, TreeBuilder &tree, const QList<QStringList> &files)
     {
-        QList<QStringList> roots;
+        QStringList roots;
         for (qsizetype ci = 0; ci < files.size(); ++ci)
-            roots.append({FolderInfo::absoluteString(
-                FolderInfo::urlFromPath(tree.folder(QStringLiteral("c%1").arg(ci))))});
+            roots.append(tree.folder(QStringLiteral("c%1").arg(ci)));
         writeModule(env, roots);
         QList<Category> &categories = AppModuleService::categoriesOf(0);
         for (qsizetype ci = 0; ci < files.size(); ++ci) {
-            for (const QString &name : files[ci]) {
-                const QString path = tree.file(QStringLiteral("c%1/").arg(ci) + name, 100 + ci);
-                FolderInfoPtr node = FolderInfo::folderInfo(
-                    FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(path))}, false,
-                    {});
-                node->findex = int(categories[ci].files.size());
-                node->checked = 1;
-                categories[ci].files.append(node);
-                categories[ci].size += node->size;
-            }
+            for (const QString &name : files[ci])
+                appendNode(categories[ci],
+                           tree.file(QStringLiteral("c%1/").arg(ci) + name, 100 + ci), false)
+                    ->checked = 1;
             categories[ci].state = 1;
         }
     }
@@ -55,8 +48,7 @@ private slots:
         for (int ci = 0; ci < 2; ++ci)
             AppModuleService::updateState(0, 0, ci, -1, std::nullopt);
         CleanRun run;
-        run.start(0);
-        QTRY_VERIFY(run.finished);
+        QVERIFY(run.cleanToEnd(0));
         QCOMPARE(run.reports.size(), 3);
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(run.reports[i].ci, i < 2 ? i : -1);
@@ -71,50 +63,36 @@ private slots:
         TestEnvironment env;
         TreeBuilder tree;
         loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("b")}});
-        KestalCleanRecorder::handleClean(0);
-        KestalModuleCleanService::setStop(0, true);
-        bool finished = false;
-        QList<int> statuses;
-        auto recorder = std::make_shared<KestalCleanRecorder>(
-            0, [&](bool result, int ci, int status, int number, qint64 size) {
-                QVERIFY(!result);
-                QCOMPARE(ci, -1);
-                QCOMPARE(number, 0);
-                QCOMPARE(size, 0);
-                statuses.append(status);
-                finished = true;
-            });
-        KestalModuleCleanService::analysisModule(0, recorder);
-        QTRY_VERIFY(finished);
-        QCOMPARE(statuses, QList<int>{-3});
+        CleanRun run;
+        QVERIFY(run.cleanToEnd(0, true));
+        QCOMPARE(run.reports.size(), 1);
+        const CleanRun::Report &report = run.reports.first();
+        QVERIFY(!report.result);
+        QCOMPARE(report.ci, -1);
+        QCOMPARE(report.status, -3);
+        QCOMPARE(report.number, 0);
+        QCOMPARE(report.size, 0);
         QVERIFY(QFile::exists(tree.path(QStringLiteral("c0/a"))));
         QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
     }
 
+    // Every listed child checked while the folder says "partly": the children
+    // go one by one, and the emptied folder leaves the list.
     void partlySelectedFolderEmptiedLeavesTheTree()
     {
         TestEnvironment env;
         TreeBuilder tree;
         tree.file(QStringLiteral("c0/folder/x"), 10);
         tree.file(QStringLiteral("c0/folder/y"), 20);
-        writeModule(env, {{FolderInfo::absoluteString(
-                             FolderInfo::urlFromPath(tree.path(QStringLiteral("c0"))))}});
+        writeModule(env, {tree.path(QStringLiteral("c0"))});
         Category &c = AppModuleService::categoriesOf(0)[0];
-        FolderInfoPtr folder =
-            FolderInfo::folderInfo(FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(
-                                       tree.path(QStringLiteral("c0/folder"))))},
-                                   true, {});
-        folder->findex = 0;
-        // Every listed child checked while the folder says "partly": the
-        // children go one by one, and the emptied folder leaves the list.
+        FolderInfoPtr folder = appendNode(c, tree.path(QStringLiteral("c0/folder")), true);
         folder->checked = -1;
         for (const FolderInfoPtr &child : folder->children)
             child->checked = 1;
-        c.files = {folder};
         c.state = -1;
         CleanRun run;
-        run.start(0);
-        QTRY_VERIFY(run.finished);
+        QVERIFY(run.cleanToEnd(0));
         QCOMPARE(run.status, 999);
         QCOMPARE(run.reports.first().number, 2);
         QCOMPARE(run.reports.first().size, 30);
@@ -156,8 +134,7 @@ private slots:
         QFile::remove(tree.path(QStringLiteral("c2/gone2")));
 
         CleanRun run;
-        run.start(0);
-        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+        QVERIFY(run.cleanToEnd(0));
         QCOMPARE(run.status, runStatus);
         // What went in process stays gone whatever became of the helper.
         for (const char *name : {"c0/a", "c1/b", "c2/c"})
@@ -222,24 +199,6 @@ private slots:
         QCOMPARE(AppModuleService::categoriesOf(0)[2].files.size(), 1);
     }
 
-    void receiverRemovedByAnAbsentProgress()
-    {
-        TestEnvironment env;
-        writeModule(env, {});
-        struct Sink : DeleteFilesProgressProtocol {
-            void installFail(const QString &, int) override {}
-            void processed(const QString &, qint64, int) override {}
-            void finished(bool, const PathMap &, int) override {}
-        };
-        XPCUtil *xpc = XPCUtil::instance();
-        QCOMPARE(xpc->serviceName, QStringLiteral("Brenlow"));
-        xpc->operation({}, std::make_shared<Sink>(), qint64(operationType::start), 5);
-        QVERIFY(xpc->hasCustomerProgress(5));
-        xpc->operation({}, nullptr, qint64(operationType::start), 5);
-        QVERIFY(!xpc->hasCustomerProgress(5));
-        QCOMPARE(XPCUtil::serviceIdentifier(QStringLiteral("Other")), QString());
-    }
-
     // The file tree's shred and move entry points reach the helper as their
     // own kinds of request, for the Eraser and Extensions modules.
     void shredAndMoveEntryPointsReachTheHelper()
@@ -257,17 +216,16 @@ private slots:
                 done.append({module, folders});
             }
         };
-        auto shred = std::make_shared<Sink>();
-        auto move = std::make_shared<Sink>();
+        auto sink = std::make_shared<Sink>();
         const QUrl url = FolderInfo::urlFromPath(file);
-        FolderInfo::helperToolShredFiles({url}, shred);
-        QTRY_COMPARE_WITH_TIMEOUT(shred->done.size(), 1, 20000);
-        FolderInfo::helperToolMoveFiles({url}, move);
-        QTRY_COMPARE_WITH_TIMEOUT(move->done.size(), 1, 20000);
-        QCOMPARE(shred->done[0].first, 10);
-        QCOMPARE(move->done[0].first, 12);
+        FolderInfo::helperToolShredFiles({url}, sink);
+        QTRY_COMPARE_WITH_TIMEOUT(sink->done.size(), 1, 20000);
+        FolderInfo::helperToolMoveFiles({url}, sink);
+        QTRY_COMPARE_WITH_TIMEOUT(sink->done.size(), 2, 20000);
+        QCOMPARE(sink->done[0].first, 10);
+        QCOMPARE(sink->done[1].first, 12);
         // Neither kind is carried out yet: the item is answered "nocause" and stays.
-        for (const auto &[module, folders] : {shred->done[0], move->done[0]})
+        for (const auto &[module, folders] : std::as_const(sink->done))
             QCOMPARE(folders.value(FolderInfo::absoluteString(url)).last(), 4);
         QVERIFY(QFile::exists(file));
     }
@@ -275,39 +233,9 @@ private slots:
     void editionWithoutAFileNameStops()
     {
         TestEnvironment env;
-        QFile info(env.resources() + QStringLiteral("/Info.plist"));
-        info.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        info.write(PropertyList::toXml(
-            QVariantMap{{QStringLiteral("CFBundleName"), QStringLiteral("Brenlow")}}));
-        info.close();
+        writeInfo(env, QStringLiteral("CFBundleName"));
         XPCUtil::shutdown();
         QVERIFY(TestEnvironment::endsInFatalStop([] { XPCUtil::instance(); }));
-    }
-
-    void installFailureTexts_data()
-    {
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("missing") << "1000"
-                                 << "A failure when referencing a bundle that doesn't exist";
-        QTest::newRow("denied")
-            << "1020"
-            << "Authorization was denied by the system when asking a user for authorization";
-        QTest::newRow("cancelled") << "1021"
-                                   << "The user canceled a prompt for authorization";
-        QTest::newRow("no prompt") << "1022"
-                                   << "Unable to prompt the user (interaction disallowed)";
-        QTest::newRow("other") << "1011"
-                               << "Unkown Error!";
-        QTest::newRow("not a number") << "eror"
-                                      << "Unkown Error!";
-    }
-
-    void installFailureTexts()
-    {
-        QFETCH(QString, error);
-        QFETCH(QString, text);
-        QCOMPARE(KestalCleanManager::installFailureText(error), text);
     }
 };
 

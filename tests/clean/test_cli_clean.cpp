@@ -6,7 +6,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcessEnvironment>
 
 using namespace CleanTest;
 
@@ -21,18 +20,18 @@ private:
 
     TreeBuilder *sandbox = nullptr;
 
+    QProcessEnvironment environment() const
+    {
+        return cliEnvironment(*sandbox, QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/resources/linux"),
+                              QString());
+    }
+
     Result cli(const QStringList &args, const QByteArray &input = {})
     {
         QProcess p;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), sandbox->path(QStringLiteral("home")));
-        environment.insert(QStringLiteral("BRENLOW_ROOT"), sandbox->path(QStringLiteral("root")));
-        environment.insert(QStringLiteral("BRENLOW_PLATFORM"), QStringLiteral("linux"));
-        environment.insert(QStringLiteral("BRENLOW_RESOURCES"),
-                           QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/resources/linux"));
-        environment.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"), QString());
-        p.setProcessEnvironment(environment);
-        p.start(cliProgram(), args);
+        p.setProcessEnvironment(environment());
+        p.start(cliProgram(),
+                QStringList{QStringLiteral("clean"), QStringLiteral("System Junk")} + args);
         p.write(input);
         p.closeWriteChannel();
         if (!p.waitForFinished(60000))
@@ -44,10 +43,9 @@ private:
     // the same places.
     QStringList listed()
     {
-        qputenv("HOME", QFile::encodeName(sandbox->path(QStringLiteral("home"))));
-        qputenv("BRENLOW_ROOT", QFile::encodeName(sandbox->path(QStringLiteral("root"))));
-        qputenv("BRENLOW_PLATFORM", "linux");
-        qputenv("BRENLOW_RESOURCES", BRENLOW_TEST_SOURCE_DIR "/resources/linux");
+        const QProcessEnvironment places = environment();
+        for (const char *name : {"HOME", "BRENLOW_ROOT", "BRENLOW_PLATFORM", "BRENLOW_RESOURCES"})
+            qputenv(name, QFile::encodeName(places.value(QLatin1String(name))));
         TestEnvironment::resetCaches();
         const int count = int(AppModuleService::categoriesOf(1).size());
         bool done = false;
@@ -87,9 +85,8 @@ private slots:
         const QStringList before = listed();
         QCOMPARE(before.size(), 6);
         const QMap<QByteArray, QByteArray> all = snapshot(sandbox->root());
-        const Result r =
-            cli({QStringLiteral("clean"), QStringLiteral("System Junk"), QStringLiteral("--select"),
-                 QStringLiteral("all"), QStringLiteral("--yes"), QStringLiteral("--json")});
+        const Result r = cli({QStringLiteral("--select"), QStringLiteral("all"),
+                              QStringLiteral("--yes"), QStringLiteral("--json")});
         QCOMPARE(r.exitCode, 0);
         QCOMPARE(r.json[QStringLiteral("status")].toInt(), 999);
         QCOMPARE(r.json[QStringLiteral("number")].toInt(), 6);
@@ -118,9 +115,8 @@ private slots:
     void selectsNamedPaths()
     {
         const QString one = sandbox->path(QStringLiteral("home/.cache/app"));
-        const Result r =
-            cli({QStringLiteral("clean"), QStringLiteral("System Junk"), QStringLiteral("--select"),
-                 one, QStringLiteral("--yes"), QStringLiteral("--json")});
+        const Result r = cli(
+            {QStringLiteral("--select"), one, QStringLiteral("--yes"), QStringLiteral("--json")});
         QCOMPARE(r.exitCode, 0);
         QCOMPARE(r.json[QStringLiteral("number")].toInt(), 1);
         QCOMPARE(r.json[QStringLiteral("size")].toInteger(), 500);
@@ -147,10 +143,7 @@ private slots:
         QFETCH(QStringList, args);
         QFETCH(QByteArray, input);
         const int before = int(listed().size());
-        QCOMPARE(
-            cli(QStringList{QStringLiteral("clean"), QStringLiteral("System Junk")} + args, input)
-                .exitCode,
-            1);
+        QCOMPARE(cli(args, input).exitCode, 1);
         QCOMPARE(listed().size(), before);
     }
 };

@@ -5,7 +5,6 @@
 
 #include "CleanTestSupport.h"
 
-#include <QProcessEnvironment>
 #include <cstdio>
 #include <cstdlib>
 #include <sys/wait.h>
@@ -21,50 +20,10 @@ QString dest()
     return QString::fromLatin1(kDest);
 }
 
-QString unlistedHelper()
-{
-    return dest() + QStringLiteral("/libexec/brenlow/brenlow-helper-unlisted");
-}
-
 bool isTestUser()
 {
     return geteuid() != 0 && qEnvironmentVariableIsSet("BRENLOW_PRIVILEGE_CHILD");
 }
-
-// Two categories: c0 in a folder the user may not write (its items need the
-// helper), c1 in an ordinary one. Everything selected.
-struct LockedTree {
-    TreeBuilder tree;
-    QList<QString> locked, free;
-
-    explicit LockedTree(TestEnvironment &env)
-    {
-        locked = {tree.file(QStringLiteral("c0/f1"), 100), tree.file(QStringLiteral("c0/d/x"), 50),
-                  tree.path(QStringLiteral("c0/d"))};
-        free = {tree.file(QStringLiteral("c1/g"), 7)};
-        tree.chmod(QStringLiteral("c0"), 0555);
-        writeModule(
-            env,
-            {{FolderInfo::absoluteString(FolderInfo::urlFromPath(tree.path(QStringLiteral("c0"))))},
-             {FolderInfo::absoluteString(
-                 FolderInfo::urlFromPath(tree.path(QStringLiteral("c1"))))}});
-        QList<Category> &categories = AppModuleService::categoriesOf(0);
-        for (int ci = 0; ci < 2; ++ci) {
-            for (const QString &name :
-                 {QStringLiteral("c%1/f1"), QStringLiteral("c%1/d"), QStringLiteral("c%1/g")}) {
-                const QString path = tree.path(name.arg(ci));
-                if (!QFileInfo::exists(path))
-                    continue;
-                FolderInfoPtr node = FolderInfo::folderInfo(
-                    FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(path))}, true, {});
-                node->findex = int(categories[ci].files.size());
-                categories[ci].files.append(node);
-            }
-            AppModuleService::updateState(1, 0, ci, -1, -1);
-            categories[ci].state = 1;
-        }
-    }
-};
 
 } // namespace
 
@@ -79,66 +38,37 @@ private slots:
     }
     void cleanupTestCase() { XPCUtil::shutdown(); }
 
+    // Two categories, everything selected: c0 in a folder the user may not
+    // write (its items need the helper), c1 in an ordinary one.
     void helperRemovesWhatTheClientMayNot()
     {
         useHelper(QStringLiteral("sudo -n"));
         TestEnvironment env;
-        LockedTree t(env);
-        QVERIFY(!FolderInfo::deleteFile(FolderInfo::urlFromPath(t.locked.first())));
+        TreeBuilder tree;
+        const QStringList locked = {tree.file(QStringLiteral("c0/f1"), 100),
+                                    tree.file(QStringLiteral("c0/d/x"), 50),
+                                    tree.path(QStringLiteral("c0/d"))};
+        const QString free = tree.file(QStringLiteral("c1/g"), 7);
+        tree.chmod(QStringLiteral("c0"), 0555);
+        writeModule(env, {tree.path(QStringLiteral("c0")), tree.path(QStringLiteral("c1"))});
+        QList<Category> &categories = AppModuleService::categoriesOf(0);
+        appendNode(categories[0], locked[0], true);
+        appendNode(categories[0], locked[2], true);
+        appendNode(categories[1], free, true);
+        for (int ci = 0; ci < 2; ++ci) {
+            AppModuleService::updateState(1, 0, ci, -1, -1);
+            categories[ci].state = 1;
+        }
+        QVERIFY(!FolderInfo::deleteFile(FolderInfo::urlFromPath(locked.first())));
         CleanRun run;
-        run.start(0);
-        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
+        QVERIFY(run.cleanToEnd(0));
         QCOMPARE(run.status, 999);
-        for (const QString &p : t.locked + t.free)
+        for (const QString &p : locked + QStringList{free})
             QVERIFY2(!QFileInfo::exists(p), qPrintable(p));
         QCOMPARE(KestalService::cleanningCompletedStatus().value(0).value(0),
                  (CleanTriple{999, 2, 150}));
         QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(qint64(157), 3));
         QVERIFY(AppModuleService::categoriesOf(0)[0].files.isEmpty());
-    }
-
-    void refusedLauncherLeavesTheRestUntried()
-    {
-        useHelper(QStringLiteral("sudo -n"), unlistedHelper());
-        TestEnvironment env;
-        LockedTree t(env);
-        CleanRun run;
-        run.start(0);
-        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
-        QCOMPARE(run.status, -2);
-        for (const QString &p : t.locked)
-            QVERIFY(QFileInfo::exists(p));
-        QVERIFY(!QFileInfo::exists(t.free.first()));
-        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(0);
-        for (const cleanFolder &entry : plan[0].folders)
-            QCOMPARE(entry.status, 8);
-        QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(qint64(7), 1));
-        QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
-    }
-
-    void helperWithoutRightsFailsEachItem()
-    {
-        useHelper(QString());
-        TestEnvironment env;
-        LockedTree t(env);
-        CleanRun run;
-        run.start(0);
-        QTRY_VERIFY_WITH_TIMEOUT(run.finished, 20000);
-        // The items stay (inside the folder, what the user may remove is gone).
-        QVERIFY(QFileInfo::exists(t.locked[0]));
-        QVERIFY(QFileInfo::exists(t.locked[2]));
-        const auto first = std::find_if(run.reports.begin(), run.reports.end(),
-                                        [](const CleanRun::Report &r) { return r.ci == 0; });
-        QVERIFY(first != run.reports.end());
-        QVERIFY(!first->result);
-        QCOMPARE(first->status, 3);
-        QCOMPARE(run.status, 999);
-        QCOMPARE(KestalService::cleanningCompletedStatus().value(0).value(0),
-                 (CleanTriple{3, 0, 0}));
-        const QList<cleanCategory> plan = KestalModuleCleanService::cleanInfoDict().value(0);
-        for (const cleanFolder &entry : plan[0].folders)
-            QCOMPARE(entry.status, 3);
-        QCOMPARE(AppModuleService::categoriesOf(0)[0].files.size(), 2);
     }
 
     void propertyThroughTheHelper()
@@ -169,13 +99,8 @@ private slots:
         sandbox.chmod(QStringLiteral("home/.cache/locked"), 0555);
         sandbox.folder(QStringLiteral("root"));
         QProcess cli;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), sandbox.path(QStringLiteral("home")));
-        environment.insert(QStringLiteral("BRENLOW_ROOT"), sandbox.path(QStringLiteral("root")));
-        environment.insert(QStringLiteral("BRENLOW_PLATFORM"), QStringLiteral("linux"));
-        environment.insert(QStringLiteral("BRENLOW_RESOURCES"),
-                           dest() + QStringLiteral("/share/brenlow/linux"));
-        environment.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"), QStringLiteral("sudo -n"));
+        QProcessEnvironment environment = cliEnvironment(
+            sandbox, dest() + QStringLiteral("/share/brenlow/linux"), QStringLiteral("sudo -n"));
         environment.insert(QStringLiteral("BRENLOW_HELPER_PATH"),
                            dest() + QStringLiteral("/libexec/brenlow/") + helper);
         environment.remove(QStringLiteral("BRENLOW_SERVICE_PATH"));

@@ -9,7 +9,7 @@ class DispatchTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void mainQueueKeepsOrderAndThread()
+    void mainQueueKeepsOrderThreadAndWaits()
     {
         QList<int> order;
         bool onMain = true;
@@ -21,10 +21,8 @@ private slots:
         QTRY_COMPARE(order.size(), 100);
         QVERIFY(onMain);
         QVERIFY(std::is_sorted(order.begin(), order.end()));
-    }
 
-    void mainSyncFromAWorkerWaitsForTheResult()
-    {
+        // mainSync from a worker waits for the main queue's result.
         QAtomicInt answer = 0;
         Dispatch::globalAsync([&] {
             int seen = 0;

@@ -10,9 +10,8 @@
 
 namespace {
 
-const QStringList kChildren = {QStringLiteral("System Junk"), QStringLiteral("Photo Cache"),
-                               QStringLiteral("Mail Trash"), QStringLiteral("Trash Bin"),
-                               QStringLiteral("iTunes Junk")};
+const QStringList kChildren = {"System Junk", "Photo Cache", "Mail Trash", "Trash Bin",
+                               "iTunes Junk"};
 
 // What module 0's screen is told, kept on the heap so late calls land safely.
 struct Seen {
@@ -27,17 +26,17 @@ struct Seen {
 
 // Module 0 with the given category titles; modules 1 to 5 with two plain
 // categories each over their own folder of the tree.
-void writeTable(TestEnvironment &env, const QStringList &titles)
+void writeTable(TestEnvironment &env, const QStringList &titles = kChildren)
 {
     TreeBuilder tree(env.root());
     QVariantList cats;
     for (const QString &t : titles)
         cats << TestEnvironment::categoryRow(t);
-    QVariantList rows{TestEnvironment::moduleRow(QStringLiteral("Auto Cleanup"), cats)};
+    QVariantList rows{TestEnvironment::moduleRow("Auto Cleanup", cats)};
     for (int m = 1; m <= 5; ++m) {
         const QString dir = QStringLiteral("m%1").arg(m);
-        tree.file(dir + QStringLiteral("/a/file"), 10 * m);
-        tree.file(dir + QStringLiteral("/b/file"), m);
+        tree.file(dir + "/a/file", 10 * m);
+        tree.file(dir + "/b/file", m);
         QVariantList children;
         for (const char *sub : {"a", "b"})
             children << TestEnvironment::categoryRow(
@@ -48,12 +47,21 @@ void writeTable(TestEnvironment &env, const QStringList &titles)
     env.writeModules(rows);
 }
 
-void start(const std::shared_ptr<Seen> &seen)
+std::shared_ptr<Seen> start(std::shared_ptr<Seen> seen = std::make_shared<Seen>())
 {
     KestalAutoCleanupService::scanAutoCleanup(
         [seen](const QString &, qint64, int n) { seen->progressFrom << n; },
         [seen](int, float) { ++seen->percents; },
         [seen](int n, int ci, bool finished) { seen->done << std::make_tuple(n, ci, finished); });
+    return seen;
+}
+
+bool allChildrenAre(int status)
+{
+    for (int m = 1; m <= 5; ++m)
+        if (KestalService::scanStatus().value(m) != status)
+            return false;
+    return true;
 }
 
 } // namespace
@@ -65,12 +73,10 @@ private slots:
     void fiveChildrenFinishOnceEach()
     {
         TestEnvironment env;
-        writeTable(env, kChildren);
-        auto seen = std::make_shared<Seen>();
-        start(seen);
+        writeTable(env);
+        const auto seen = start();
         // All five run at once, each under its own status.
-        for (int m = 1; m <= 5; ++m)
-            QCOMPARE(KestalService::scanStatus().value(m), 1);
+        QVERIFY(allChildrenAre(1));
         QTRY_COMPARE(KestalService::scanStatus().value(0), -1);
         for (int n = 0; n < 5; ++n) {
             QCOMPARE(seen->finishedOf(n), 1);
@@ -92,15 +98,12 @@ private slots:
     void statusZeroAloneSilencesTheChildren()
     {
         TestEnvironment env;
-        writeTable(env, kChildren);
-        auto seen = std::make_shared<Seen>();
-        start(seen);
+        writeTable(env);
+        const auto seen = start();
         // The children scan on to their end, but module 0's screen hears
         // nothing more than the stop's own answer.
         KestalService::scanStatus()[0] = 2;
-        QTRY_VERIFY(std::all_of(kChildren.begin(), kChildren.end(), [&](const QString &t) {
-            return KestalService::scanStatus().value(kChildren.indexOf(t) + 1) == -1;
-        }));
+        QTRY_VERIFY(allChildrenAre(-1));
         QCOMPARE(seen->progressFrom.size(), 0);
         QCOMPARE(seen->percents, 0);
         QVERIFY(std::all_of(seen->done.begin(), seen->done.end(),
@@ -110,17 +113,15 @@ private slots:
     void stopSilencesAllChildren()
     {
         TestEnvironment env;
-        writeTable(env, kChildren);
-        auto seen = std::make_shared<Seen>();
-        start(seen);
+        writeTable(env);
+        const auto seen = start();
         // A module that is no child keeps its own stop.
         QCOMPARE(KestalService::stopScan(7), 7);
         QCOMPARE(KestalService::scanStatus().value(0), 1);
         // A child's own stop while Auto Cleanup runs stops the whole.
         QCOMPARE(KestalService::stopScan(3), 0);
         QCOMPARE(KestalService::scanStatus().value(0), 2);
-        for (int m = 1; m <= 5; ++m)
-            QCOMPARE(KestalService::scanStatus().value(m), 2);
+        QVERIFY(allChildrenAre(2));
         // Every watchdog publishes and goes within a tick; nothing reached the screen.
         QTRY_VERIFY(KestalService::scanTimer().isEmpty());
         QCOMPARE(seen->done.size(), 0);
@@ -135,9 +136,8 @@ private slots:
     void unknownTitleScansNothing()
     {
         TestEnvironment env;
-        writeTable(env, {QStringLiteral("Trash Bin"), QStringLiteral("Browser Junk")});
-        auto seen = std::make_shared<Seen>();
-        start(seen);
+        writeTable(env, {"Trash Bin", "Browser Junk"});
+        const auto seen = start();
         QTRY_COMPARE(seen->finishedOf(0), 1);
         QTRY_COMPARE(KestalService::scanStatus().value(4), -1);
         for (int m : {1, 2, 3, 5})
@@ -146,19 +146,18 @@ private slots:
                              [](const auto &d) { return std::get<0>(d) == 1; }));
         // The unknown row never reports, so the whole keeps scanning until stopped.
         QCOMPARE(KestalService::scanStatus().value(0), 1);
-        QCOMPARE(KestalAutoCleanupService::childModuleIndex(QStringLiteral("Browser Junk")), -1);
+        QCOMPARE(KestalAutoCleanupService::childModuleIndex("Browser Junk"), -1);
     }
 
     void shippedLinuxTableFindsEachChildsJunk()
     {
         TestEnvironment env; // the edition's own module list
         TreeBuilder home(env.home());
-        home.file(QStringLiteral(".cache/pip/http/blob"), 5);
-        home.file(QStringLiteral(".cache/thumbnails/normal/a.png"), 6);
-        home.file(QStringLiteral(".cache/evolution/mail/1a2b/folders/INBOX/cur/ab/9"), 7);
-        home.file(QStringLiteral(".local/share/Trash/files/old.txt"), 8);
-        auto seen = std::make_shared<Seen>();
-        start(seen);
+        home.file(".cache/pip/http/blob", 5);
+        home.file(".cache/thumbnails/normal/a.png", 6);
+        home.file(".cache/evolution/mail/1a2b/folders/INBOX/cur/ab/9", 7);
+        home.file(".local/share/Trash/files/old.txt", 8);
+        const auto seen = start();
         QTRY_COMPARE(KestalService::scanStatus().value(0), -1);
         const auto firstFiles = [](int module, int category) {
             QStringList names;
@@ -167,10 +166,10 @@ private slots:
                 names << f->name;
             return names;
         };
-        QCOMPARE(firstFiles(1, 0), QStringList{QStringLiteral("pip")}); // listed once, elsewhere
-        QCOMPARE(firstFiles(2, 0), QStringList{QStringLiteral("a.png")});
-        QCOMPARE(firstFiles(3, 0), QStringList{QStringLiteral("9")});
-        QCOMPARE(firstFiles(4, 0), QStringList{QStringLiteral("old.txt")});
+        QCOMPARE(firstFiles(1, 0), QStringList{"pip"}); // listed once, elsewhere
+        QCOMPARE(firstFiles(2, 0), QStringList{"a.png"});
+        QCOMPARE(firstFiles(3, 0), QStringList{"9"});
+        QCOMPARE(firstFiles(4, 0), QStringList{"old.txt"});
     }
 };
 

@@ -41,6 +41,14 @@ MountedVolume volume(const QString &path, const QString &type, bool removable, b
     return MountedVolume{path, type, removable, true, unmountable};
 }
 
+void writeFile(const QString &path, const QByteArray &data)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(data);
+}
+
 } // namespace
 
 class TestJunkFileService : public QObject {
@@ -51,20 +59,18 @@ private slots:
 
     void systemCacheListsOnlyBelowTheTemporaryRoots()
     {
-        TestEnvironment env(QStringLiteral("macos"));
-        TreeBuilder tree(env.root() + QStringLiteral("/private/var/folders"));
-        tree.file(QStringLiteral("xy/abc123/T/cache.db"), 10);
-        tree.file(QStringLiteral("xy/abc123/C/com.foo/blob"), 20);
-        tree.file(QStringLiteral("xy/abc123/0/left"), 5);
+        TestEnvironment env("macos");
+        TreeBuilder tree(env.root() + "/private/var/folders");
+        tree.file("xy/abc123/T/cache.db", 10);
+        tree.file("xy/abc123/C/com.foo/blob", 20);
+        tree.file("xy/abc123/0/left", 5);
         tree.fileBytes("xy/abc123/T/caf\xe9\xff", 2); // a name that is not UTF-8
-        Category c = categoryOf(QStringLiteral("System_Cache"), {tree.root()});
+        Category c = categoryOf("System_Cache", {tree.root()});
         ScanDispatch::scan(c, nullptr, nullptr);
         // The per-user roots (levels 1 to 3) are the system's and never listed.
-        QCOMPARE(
-            relativePaths(c.files, tree.root()),
-            QStringList({QStringLiteral("xy/abc123/0/left"), QStringLiteral("xy/abc123/C/com.foo"),
-                         QStringLiteral("xy/abc123/T/cache.db"),
-                         QFile::decodeName("xy/abc123/T/caf\xe9\xff")}));
+        QCOMPARE(relativePaths(c.files, tree.root()),
+                 QStringList({"xy/abc123/0/left", "xy/abc123/C/com.foo", "xy/abc123/T/cache.db",
+                              QFile::decodeName("xy/abc123/T/caf\xe9\xff")}));
         QCOMPARE(c.size, 37);
     }
 
@@ -72,20 +78,19 @@ private slots:
     {
         TestEnvironment env;
         TreeBuilder tree;
-        tree.file(QStringLiteral("locked/open/junk"), 7);
-        tree.file(QStringLiteral("locked/stuck"), 3);
-        tree.chmod(QStringLiteral("locked/open"), 0777);
-        tree.chmod(QStringLiteral("locked"), 0555);
+        tree.file("locked/open/junk", 7);
+        tree.file("locked/stuck", 3);
+        tree.chmod("locked/open", 0777);
+        tree.chmod("locked", 0555);
         ::chmod(QFile::encodeName(tree.root()).constData(), 0755);
         if (!TestEnvironment::canDropPrivileges())
             QSKIP("as root every item is removable, and there is no unprivileged user to become");
         // "open" cannot go (its folder is read-only), so the walk looks inside
         // and finds "junk", which can; "stuck" is a file and is not entered.
         const bool found = TestEnvironment::asUnprivileged([&] {
-            Category c = categoryOf(QStringLiteral("System_Cache"), {tree.root()});
+            Category c = categoryOf("System_Cache", {tree.root()});
             ScanDispatch::scan(c, nullptr, nullptr);
-            return relativePaths(c.files, tree.root()) ==
-                   QStringList{QStringLiteral("locked/open/junk")};
+            return relativePaths(c.files, tree.root()) == QStringList{"locked/open/junk"};
         });
         TreeBuilder::makeRemovable(tree.root());
         QVERIFY(found);
@@ -96,15 +101,11 @@ private slots:
         QTest::addColumn<QString>("profile");
         QTest::addColumn<QStringList>("folders");
         QTest::addColumn<QStringList>("listed");
-        QTest::newRow("macos") << QStringLiteral("macos")
-                               << QStringList{QStringLiteral("com.apple.iTunes"),
-                                              QStringLiteral("com.foo.app")}
-                               << QStringList{QStringLiteral("com.foo.app")};
-        QTest::newRow("linux") << QStringLiteral("linux")
-                               << QStringList{QStringLiteral("thumbnails"),
-                                              QStringLiteral("shotwell"),
-                                              QStringLiteral("evolution"), QStringLiteral("pip")}
-                               << QStringList{QStringLiteral("pip")};
+        QTest::newRow("macos") << "macos" << QStringList{"com.apple.iTunes", "com.foo.app"}
+                               << QStringList{"com.foo.app"};
+        QTest::newRow("linux") << "linux"
+                               << QStringList{"thumbnails", "shotwell", "evolution", "pip"}
+                               << QStringList{"pip"};
     }
     void applicationCacheLeavesOutWhatOthersList()
     {
@@ -114,8 +115,8 @@ private slots:
         TestEnvironment env(profile);
         TreeBuilder tree;
         for (const QString &folder : folders)
-            tree.file(folder + QStringLiteral("/deep/data"), 4);
-        Category c = categoryOf(QStringLiteral("App_Cache"), {tree.root()}, 1);
+            tree.file(folder + "/deep/data", 4);
+        Category c = categoryOf("App_Cache", {tree.root()}, 1);
         ScanDispatch::scan(c, nullptr, nullptr);
         QCOMPARE(relativePaths(c.files, tree.root()), listed);
         QCOMPARE(c.size, 4 * listed.size());
@@ -126,9 +127,10 @@ private slots:
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<QString>("trash");
-        QTest::newRow("macos") << QStringLiteral("macos") << QStringLiteral(".Trashes");
-        QTest::newRow("linux") << QStringLiteral("linux")
-                               << QStringLiteral(".Trash-") + QString::number(Platform::userId());
+        QTest::newRow("macos") << "macos"
+                               << ".Trashes";
+        QTest::newRow("linux") << "linux"
+                               << ".Trash-" + QString::number(Platform::userId());
     }
     void volumeTrashes()
     {
@@ -136,32 +138,30 @@ private slots:
         QFETCH(QString, trash);
         TestEnvironment env(profile);
         TreeBuilder tree;
-        const QString stick = tree.folder(QStringLiteral("media/STICK"));
+        const QString stick = tree.folder("media/STICK");
         Volumes::setMountedVolumesForTesting(QList<MountedVolume>{
-            volume(tree.root(), QStringLiteral("ext4"), false, false),
-            volume(stick, QStringLiteral("vfat"), true, true),
-            volume(tree.folder(QStringLiteral("media/MAC")), QStringLiteral("hfsplus"), true, true),
-            volume(tree.folder(QStringLiteral("mnt/disk")), QStringLiteral("ext4"), false, true),
-            volume(tree.folder(QStringLiteral("media/fixed")), QStringLiteral("vfat"), true, false),
+            volume(tree.root(), "ext4", false, false),
+            volume(stick, "vfat", true, true),
+            volume(tree.folder("media/MAC"), "hfsplus", true, true),
+            volume(tree.folder("mnt/disk"), "ext4", false, true),
+            volume(tree.folder("media/fixed"), "vfat", true, false),
         });
         const auto usb = JunkFileService::getUSBInfo();
         QCOMPARE(usb.size(), 1);
         QCOMPARE(usb.first().first, FolderInfo::urlFromPath(stick + QLatin1Char('/') + trash));
-        QCOMPARE(usb.first().second, QStringLiteral("STICK"));
+        QCOMPARE(usb.first().second, "STICK");
 
         // The trash category lists the entries one level inside the trash's
         // own folders (a user's folder, or "files" and "info").
-        tree.file(QStringLiteral("media/STICK/") + trash + QStringLiteral("/files/old.txt"), 6);
-        tree.file(QStringLiteral("media/STICK/") + trash + QStringLiteral("/files/dir/a"), 4);
-        tree.file(
-            QStringLiteral("media/STICK/") + trash + QStringLiteral("/info/old.txt.trashinfo"), 1);
-        tree.file(QStringLiteral("media/MAC/") + trash + QStringLiteral("/files/never"), 1);
-        Category c = categoryOf(QStringLiteral("TrashBin"), {QStringLiteral("/stale")}, 1);
+        tree.file("media/STICK/" + trash + "/files/old.txt", 6);
+        tree.file("media/STICK/" + trash + "/files/dir/a", 4);
+        tree.file("media/STICK/" + trash + "/info/old.txt.trashinfo", 1);
+        tree.file("media/MAC/" + trash + "/files/never", 1);
+        Category c = categoryOf("TrashBin", {"/stale"}, 1);
         ScanDispatch::scan(c, nullptr, nullptr);
         const QString base = stick + QLatin1Char('/') + trash;
         QCOMPARE(relativePaths(c.files, base),
-                 QStringList({QStringLiteral("files/dir"), QStringLiteral("files/old.txt"),
-                              QStringLiteral("info/old.txt.trashinfo")}));
+                 QStringList({"files/dir", "files/old.txt", "info/old.txt.trashinfo"}));
         QCOMPARE(c.size, 11);
 
         // Once the stick is gone, so is what its trash held.
@@ -174,42 +174,33 @@ private slots:
     void mountTableIsReadFromTheSystem()
     {
         TestEnvironment env;
-        TreeBuilder sys(env.root() + QStringLiteral("/sys"));
-        sys.file(QStringLiteral("block/sda/removable"));
-        sys.folder(QStringLiteral("block/sda/sda1"));
-        QFile(sys.path(QStringLiteral("block/sda/removable"))).open(QIODevice::WriteOnly);
-        TreeBuilder(sys.root()).file(QStringLiteral("block/sdb/sdb1/partition"));
-        {
-            QFile f(sys.path(QStringLiteral("block/sdb/removable")));
-            f.open(QIODevice::WriteOnly);
-            f.write("1\n");
-        }
+        TreeBuilder sys(env.root() + "/sys");
+        sys.file("block/sda/removable");
+        sys.folder("block/sda/sda1");
+        sys.file("block/sdb/sdb1/partition");
+        writeFile(sys.path("block/sdb/removable"), "1\n");
         // A USB disk says it is fixed, but hangs on a USB bus.
-        sys.file(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc/removable"));
-        sys.folder(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc/sdc1"));
-        sys.symlink(QStringLiteral("block/sdc"),
-                    sys.path(QStringLiteral("devices/pci0000:00/usb2/2-1/block/sdc")));
-        TreeBuilder proc(env.root() + QStringLiteral("/proc/self"));
-        QFile table(proc.file(QStringLiteral("mountinfo")));
-        table.open(QIODevice::WriteOnly);
-        table.write("22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
-                    "23 22 0:5 / /proc rw,nosuid - proc proc rw\n"
-                    "40 22 8:17 / /media/user/MY\\040STICK rw,nosuid shared:2 - vfat /dev/sdb1 rw\n"
-                    "41 22 8:33 / /media/user/Backup ro,nosuid - exfat /dev/sdc1 ro\n"
-                    "damaged line\n");
-        table.close();
+        const QString usb = "devices/pci0000:00/usb2/2-1/block/sdc";
+        sys.file(usb + "/removable");
+        sys.folder(usb + "/sdc1");
+        sys.symlink("block/sdc", sys.path(usb));
+        writeFile(env.root() + "/proc/self/mountinfo",
+                  "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                  "23 22 0:5 / /proc rw,nosuid - proc proc rw\n"
+                  "40 22 8:17 / /media/user/MY\\040STICK rw,nosuid shared:2 - vfat /dev/sdb1 rw\n"
+                  "41 22 8:33 / /media/user/Backup ro,nosuid - exfat /dev/sdc1 ro\n"
+                  "damaged line\n");
 
         const QList<MountedVolume> volumes = Volumes::mountedVolumes();
         QCOMPARE(volumes.size(), 4);
-        QCOMPARE(volumes[0],
-                 (MountedVolume{env.root(), QStringLiteral("ext4"), false, true, false}));
+        QCOMPARE(volumes[0], (MountedVolume{env.root(), "ext4", false, true, false}));
         QCOMPARE(volumes[1].isRemovable, false);
         QCOMPARE(volumes[1].isUnmountable, false);
-        QCOMPARE(volumes[2], (MountedVolume{env.root() + QStringLiteral("/media/user/MY STICK"),
-                                            QStringLiteral("vfat"), true, true, true}));
-        QCOMPARE(volumes[2].name(), QStringLiteral("MY STICK"));
-        QCOMPARE(volumes[3], (MountedVolume{env.root() + QStringLiteral("/media/user/Backup"),
-                                            QStringLiteral("exfat"), true, false, true}));
+        QCOMPARE(volumes[2],
+                 (MountedVolume{env.root() + "/media/user/MY STICK", "vfat", true, true, true}));
+        QCOMPARE(volumes[2].name(), "MY STICK");
+        QCOMPARE(volumes[3],
+                 (MountedVolume{env.root() + "/media/user/Backup", "exfat", true, false, true}));
     }
 
     void photoCache_data()
@@ -218,24 +209,22 @@ private slots:
         QTest::addColumn<QStringList>("files");
         QTest::addColumn<QStringList>("listed");
         QTest::addColumn<bool>("olderSystem");
-        const QString lib = QStringLiteral("Pictures/Photos Library.photoslibrary/");
-        const QString face = lib + QStringLiteral("resources/media/face/1/f.jpg");
-        const QString master = lib + QStringLiteral("resources/media/master/m.heic");
-        const QString module = lib + QStringLiteral("resources/media/moduleresources/x.jpg");
-        const QString notALibrary = QStringLiteral("Pictures/holiday/resources/media/face/a.jpg");
-        const QString original = lib + QStringLiteral("originals/keep.heic");
-        QTest::newRow("macos") << QStringLiteral("macos")
+        const QString lib = "Pictures/Photos Library.photoslibrary/";
+        const QString face = lib + "resources/media/face/1/f.jpg";
+        const QString master = lib + "resources/media/master/m.heic";
+        const QString module = lib + "resources/media/moduleresources/x.jpg";
+        const QString notALibrary = "Pictures/holiday/resources/media/face/a.jpg";
+        const QString original = lib + "originals/keep.heic";
+        QTest::newRow("macos") << "macos"
                                << QStringList{notALibrary, face, master, module, original}
                                << QStringList{face, master} << false;
         // Before 10.12 the library kept its caches in one folder.
         QTest::newRow("macos before 10.12")
-            << QStringLiteral("macos") << QStringList{face, master, module} << QStringList{module}
-            << true;
-        const QString thumbnail = QStringLiteral(".cache/thumbnails/normal/x.png");
-        const QString shotwell = QStringLiteral(".cache/shotwell/thumbs/thumbs128/t.jpg");
-        QTest::newRow("linux") << QStringLiteral("linux")
-                               << QStringList{thumbnail, shotwell,
-                                              QStringLiteral(".cache/shotwell/data/keep.db")}
+            << "macos" << QStringList{face, master, module} << QStringList{module} << true;
+        const QString thumbnail = ".cache/thumbnails/normal/x.png";
+        const QString shotwell = ".cache/shotwell/thumbs/thumbs128/t.jpg";
+        QTest::newRow("linux") << "linux"
+                               << QStringList{thumbnail, shotwell, ".cache/shotwell/data/keep.db"}
                                << QStringList{shotwell, thumbnail} << false;
     }
     void photoCache()
@@ -250,7 +239,7 @@ private slots:
         TreeBuilder home(env.home());
         for (const QString &f : files)
             home.file(f, 8);
-        Category c = categoryOf(QStringLiteral("Photo"), {}, 1);
+        Category c = categoryOf("Photo", {}, 1);
         const ScanRecorder seen;
         ScanDispatch::scan(c, nullptr, seen.showPercent());
         QCOMPARE(relativePaths(c.files, env.home()), listed);
@@ -258,7 +247,7 @@ private slots:
         for (int i = 0; i < c.files.size(); ++i) {
             QCOMPARE(c.files[i]->findex, i);
             QCOMPARE(c.files[i]->checked, 1);
-            QCOMPARE(c.files[i]->icon, QStringLiteral("PhotoCache"));
+            QCOMPARE(c.files[i]->icon, "PhotoCache");
         }
         QTRY_COMPARE(seen->percentPosts, 1);
         QCOMPARE(seen->percent, 1.0f);
@@ -266,9 +255,9 @@ private slots:
 
     void photoCacheWithoutLibraryPostsNothing()
     {
-        TestEnvironment env(QStringLiteral("macos"));
-        TreeBuilder(env.home()).file(QStringLiteral("Pictures/holiday.jpg"), 3);
-        Category c = categoryOf(QStringLiteral("Photo"), {});
+        TestEnvironment env("macos");
+        TreeBuilder(env.home()).file("Pictures/holiday.jpg", 3);
+        Category c = categoryOf("Photo", {});
         const ScanRecorder seen;
         ScanDispatch::scan(c, seen.progress(), seen.showPercent());
         QCoreApplication::processEvents();

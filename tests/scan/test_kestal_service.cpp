@@ -15,33 +15,27 @@ struct Seen {
     QList<float> percents;
     qint64 bytes = 0;
 
-    Progress progressFn()
+    void scan(int module)
     {
-        return [this](const QString &, qint64 size) {
-            ++progress;
-            bytes += size;
-        };
-    }
-    ShowPercent percentFn()
-    {
-        return [this](float p) { percents << p; };
-    }
-    KestalService::Done doneFn()
-    {
-        return [this](int ci) { done << ci; };
+        KestalService::scan(
+            module,
+            [this](const QString &, qint64 size) {
+                ++progress;
+                bytes += size;
+            },
+            [this](float p) { percents << p; }, [this](int ci) { done << ci; });
     }
 };
 
 // Roots in the module file are system paths, which live under the test's root.
-QString urlOf(const TreeBuilder &, const QString &rel)
+QString urlOf(const QString &rel)
 {
     return QStringLiteral("file:///") + rel + QLatin1Char('/');
 }
 
-QVariantMap folderCategory(const QString &title, const QVariant &url, const QVariant &urls = {},
-                           int state = 0)
+FolderInfoPtr marker(const QString &name, qint64 size = 1)
 {
-    return TestEnvironment::categoryRow(title, url, urls, state);
+    return FolderInfo::make(0, name, {}, size, {}, false, {}, QUrl(), false, {}, false, 0, {});
 }
 
 void waitForTicks(int n)
@@ -70,19 +64,19 @@ private slots:
         header.remove("categories");
         env.writeModules(QVariantList{
             TestEnvironment::moduleRow(
-                "M", {folderCategory("Single", urlOf(t, "one"), QVariantList{urlOf(t, "two")}, 1),
-                      folderCategory("Several", {},
-                                     QVariantList{urlOf(t, "two"), urlOf(t, "three")}, -1),
-                      folderCategory("Nothing", {}, {}, 0)}),
+                "M", {TestEnvironment::categoryRow("Single", urlOf("one"),
+                                                   QVariantList{urlOf("two")}, 1),
+                      TestEnvironment::categoryRow("Several", {},
+                                                   QVariantList{urlOf("two"), urlOf("three")}, -1),
+                      TestEnvironment::categoryRow("Nothing", {}, {}, 0)}),
             header});
 
         // A category left with stale files and no roots keeps them.
-        const FolderInfoPtr stale =
-            FolderInfo::make(0, "stale", {}, 5, {}, false, {}, QUrl(), false, {}, false, 0, {});
+        const FolderInfoPtr stale = marker("stale", 5);
         (*KestalService::scanCategory()[0])[2].files = {stale};
 
         Seen seen;
-        KestalService::scan(0, seen.progressFn(), seen.percentFn(), seen.doneFn());
+        seen.scan(0);
         QCOMPARE(KestalService::scanStatus().value(0), 1);
         QTRY_COMPARE(seen.done, QList<int>({0, 1, 2}));
         QCOMPARE(KestalService::scanStatus().value(0), -1);
@@ -122,10 +116,10 @@ private slots:
         TestEnvironment env;
         env.writeModules(QVariantList{TestEnvironment::moduleRow("Empty", {})});
         Seen first, second;
-        KestalService::scan(0, first.progressFn(), first.percentFn(), first.doneFn());
+        first.scan(0);
         const QPointer<DispatchTimer> timer = KestalService::scanTimer().value(0);
         QVERIFY(timer);
-        KestalService::scan(0, second.progressFn(), second.percentFn(), second.doneFn());
+        second.scan(0);
         QCOMPARE(KestalService::scanTimer().value(0), timer);
         // No categories: the module stays scanning, the timer runs, and done never comes.
         waitForTicks(1);
@@ -141,15 +135,14 @@ private slots:
         for (int i = 0; i < 200; ++i)
             t.file(QStringLiteral("big/%1/%2").arg(i % 20).arg(i), 1);
         t.file("small/x", 1);
-        env.writeModules(QVariantList{
-            TestEnvironment::moduleRow("M", {folderCategory("Big", urlOf(t, "big")),
-                                             folderCategory("Small", urlOf(t, "small"))})});
-        const FolderInfoPtr old =
-            FolderInfo::make(0, "old", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
+        env.writeModules(QVariantList{TestEnvironment::moduleRow(
+            "M", {TestEnvironment::categoryRow("Big", urlOf("big")),
+                  TestEnvironment::categoryRow("Small", urlOf("small"))})});
+        const FolderInfoPtr old = marker("old");
         (*KestalService::scanCategory()[0])[0].files = {old};
 
         Seen seen;
-        KestalService::scan(0, seen.progressFn(), seen.percentFn(), seen.doneFn());
+        seen.scan(0);
         // The stop lands before the loop's first category is stored.
         KestalService::scanStatus()[0] = 2;
         QVERIFY(KestalService::isStopScan(0));
@@ -169,48 +162,17 @@ private slots:
         TestEnvironment env;
         TreeBuilder t(env.root());
         t.file("r/a", 3);
-        env.writeModules(
-            QVariantList{TestEnvironment::moduleRow("M", {folderCategory("R", urlOf(t, "r"))})});
+        env.writeModules(QVariantList{
+            TestEnvironment::moduleRow("M", {TestEnvironment::categoryRow("R", urlOf("r"))})});
         Seen old, fresh;
-        KestalService::scan(0, old.progressFn(), old.percentFn(), old.doneFn());
+        old.scan(0);
         KestalService::scanStatus()[0] = 2;
-        KestalService::scan(0, fresh.progressFn(), fresh.percentFn(), fresh.doneFn());
+        fresh.scan(0);
         QTRY_COMPARE(fresh.done, QList<int>({0}));
         waitForTicks(1);
         QVERIFY(old.done.isEmpty());
         QCOMPARE(old.progress, 0);
         QCOMPARE(KestalService::scanStatus().value(0), -1);
-    }
-
-    void tablesStartFromTheModuleTable()
-    {
-        TestEnvironment env;
-        QCOMPARE(KestalService::cleanningCompletedStatus().value(6).size(), 0);
-        QCOMPARE(KestalService::cleanningCompletedStatus().value(8).size(), 0);
-        const int junk = int(AppModuleService::appModules()[1].categories->size());
-        QCOMPARE(KestalService::cleanningCompletedStatus().value(1).size(), junk);
-        QCOMPARE(KestalService::cleanningCompletedStatus().value(1).value(0), CleanTriple{});
-        QCOMPARE(KestalService::scanStatus().value(12), 0);
-        QVERIFY(!KestalService::scanStatus().contains(13)); // "Cleanup" heading
-        QCOMPARE(KestalService::autoCleanEndIndex(), 7);
-    }
-
-    void timerWithoutModuleFallsBackToZero()
-    {
-        TestEnvironment env;
-        env.writeModules(QVariantList{TestEnvironment::moduleRow("M", {folderCategory("C", {})})});
-        KestalService::scanStatus()[0] = 2;
-        const FolderInfoPtr mark =
-            FolderInfo::make(0, "m", {}, 1, {}, false, {}, QUrl(), false, {}, false, 0, {});
-        (*KestalService::scanCategory()[0])[0].files = {mark};
-        bool fired = false;
-        DispatchTimer::scheduled(10, false, QStringLiteral("not a module"),
-                                 [&](DispatchTimer *timer) {
-                                     KestalService::handleEvents(timer);
-                                     fired = true;
-                                 });
-        QTRY_VERIFY(fired);
-        QCOMPARE(AppModuleService::appModules()[0].categories->first().files.first(), mark);
     }
 };
 

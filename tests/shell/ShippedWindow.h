@@ -1,7 +1,7 @@
 #pragma once
 
-// The main window over the shipped module table, in a world whose home the
-// test fills before it opens the window.
+// The main window over the shipped module table, or over one the test
+// writes, in a world whose home the test fills before it opens the window.
 #include "ShellTestSupport.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/clean/XPCUtil.h"
@@ -13,9 +13,11 @@
 
 class ShippedWindow {
 public:
-    explicit ShippedWindow(const QString &profile = QStringLiteral("linux")) : env(profile)
+    explicit ShippedWindow(const QString &profile = QStringLiteral("linux"), bool shipped = true)
+        : env(profile)
     {
-        env.useShippedResources();
+        if (shipped)
+            env.useShippedResources();
         TestEnvironment::resetCaches();
         ShellEnvironment::resetShell();
     }
@@ -37,15 +39,17 @@ public:
 
     KestalRightSplitController *right() const { return root->rightSplit(); }
 
-    // Chooses the module's row in the left list with the mouse.
-    void show(int module)
+    // Clicks a row of the left list with the mouse.
+    void clickRow(int row)
     {
         auto *left = root->leftTable();
-        for (int row = 0; row < left->count(); ++row) {
-            if (left->moduleOfRow(row) == module)
-                QTest::mouseClick(left->viewport(), Qt::LeftButton, {},
-                                  left->visualItemRect(left->item(row)).center());
-        }
+        QTest::mouseClick(left->viewport(), Qt::LeftButton, {},
+                          left->visualItemRect(left->item(row)).center());
+    }
+
+    void show(int module)
+    {
+        clickRow(root->leftTable()->rowOfModule(module));
         QCOMPARE(KestalLeftTableViewController::currentRow, module);
     }
 

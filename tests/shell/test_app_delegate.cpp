@@ -8,9 +8,11 @@
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/LanguageNotifier.h"
+#include "support/TreeBuilder.h"
 
 #include <QAction>
 #include <QDir>
+#include <QJsonDocument>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
@@ -28,6 +30,27 @@ int mainWindowCount()
     for (QWidget *w : QApplication::topLevelWidgets())
         count += w->objectName() == QLatin1String("mainWindow");
     return count;
+}
+
+QList<QVariantMap> loggedEvents()
+{
+    FabricController::drain();
+    QFile file(FabricController::logPath());
+    QList<QVariantMap> events;
+    if (!file.open(QIODevice::ReadOnly))
+        return events;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (!line.isEmpty())
+            events.append(QJsonDocument::fromJson(line).toVariant().toMap());
+    }
+    return events;
+}
+
+// Launches as every launch after the first, which opens no page.
+void launchAgain(AppDelegate &delegate)
+{
+    UserDefaults::setValue("HasLaunchedOnce", true);
+    delegate.applicationDidFinishLaunching();
 }
 
 } // namespace
@@ -88,10 +111,9 @@ private slots:
     void reopenBringsBackTheOneWindow()
     {
         ShellEnvironment env;
-        UserDefaults::setValue("HasLaunchedOnce", true);
         AppDelegate::showMainWindow = false;
         AppDelegate delegate;
-        delegate.applicationDidFinishLaunching();
+        launchAgain(delegate);
         QCOMPARE(mainWindowCount(), 0);
         QVERIFY(AppDelegate::showMainWindow);
 
@@ -111,10 +133,9 @@ private slots:
     void languageSwitchChangesTheTextsOnScreen()
     {
         ShellEnvironment env;
-        UserDefaults::setValue("HasLaunchedOnce", true);
         Platform::setPreferredLanguagesForTesting({"en-US"});
         AppDelegate delegate;
-        delegate.applicationDidFinishLaunching();
+        launchAgain(delegate);
         KestalRootViewController *root = KestalRootViewController::rootOf(delegate.mainWindow());
         root->leftTable()->selectModule(1);
         auto *overview = root->rightSplit()->topSwitch()->overViewAndScan(1);
@@ -148,12 +169,14 @@ private slots:
         QCOMPARE(delegate.menus().at(2)->title(), getLocalizedString("Help"));
     }
 
+    // The menu's switch decides whether events go to the local log, where
+    // they are written in order.
     void eventLogSwitchInTheMenu()
     {
         ShellEnvironment env;
-        UserDefaults::setValue("HasLaunchedOnce", true);
+        QFile::remove(FabricController::logPath());
         AppDelegate delegate;
-        delegate.applicationDidFinishLaunching();
+        launchAgain(delegate);
         QAction *item = nullptr;
         for (QAction *action : delegate.menus().first()->actions()) {
             if (action->isCheckable())
@@ -161,18 +184,46 @@ private slots:
         }
         QVERIFY(item && !item->isChecked());
         QVERIFY(!FabricController::isLocalLogEnabled());
+        FabricController::fabric(FabricEvent::scanButton, "System Junk Scan Button");
+        QVERIFY(loggedEvents().isEmpty());
+        QVERIFY(!QFile::exists(FabricController::logPath()));
+
         item->trigger();
         QVERIFY(FabricController::isLocalLogEnabled());
+        const Module &junk = AppModuleService::appModules().at(1);
+        FabricController::fabric(FabricEvent::scanButton, FabricEvent::getScanButtonName(junk));
+        FabricController::fabric(FabricEvent::reviewButton, FabricEvent::getReviewButtonName(junk));
+        FabricController::fabric(FabricEvent::shareButton,
+                                 FabricEvent::getShareButton(junk, false));
+        FabricController::logEvent("First Launch", {{"model", FabricController::model()}});
+        const QList<QVariantMap> events = loggedEvents();
+        QCOMPARE(events.size(), 4);
+        QCOMPARE(events[0].value("event").toString(), QString("ScanButtonEvent"));
+        QCOMPARE(events[0].value("title").toString(), QString("System Junk Scan Button"));
+        QCOMPARE(events[0].value("version").toString(), QString("Get no version information"));
+        QVERIFY(!events[0].value("model").toString().isEmpty());
+        QCOMPARE(events[1].value("event").toString(), QString("RE-ViewButtonEvent"));
+        QCOMPARE(events[2].value("title").toString(), QString("System Junk Twitter Button"));
+        QCOMPARE(events[3].value("event").toString(), QString("First Launch"));
+        QVERIFY(!events[3].contains("title"));
+
         item->trigger();
         QVERIFY(!FabricController::isLocalLogEnabled());
+    }
+
+    void versionComesFromTheEdition()
+    {
+        ShellEnvironment env;
+        env.writeResource(
+            "Info", QVariantMap{{"File Name", "Brenlow"}, {"CFBundleShortVersionString", "2.4.1"}});
+        QCOMPARE(FabricController::version(), QString("2.4.1"));
     }
 
     void clickElsewhereClosesThePopover()
     {
         ShellEnvironment env;
-        UserDefaults::setValue("HasLaunchedOnce", true);
         AppDelegate delegate;
-        delegate.applicationDidFinishLaunching();
+        launchAgain(delegate);
         QVERIFY(delegate.eventMonitor()->isRunning());
         QMainWindow *window = delegate.mainWindow();
         QVERIFY(QTest::qWaitForWindowExposed(window));
@@ -210,18 +261,11 @@ private slots:
     void fontCopyOnMacOSOnly()
     {
         ShellEnvironment env("macos");
-        UserDefaults::setValue("HasLaunchedOnce", true);
-        const QString fonts = env.root() + "/System/Library/Fonts/";
-        QVERIFY(QDir().mkpath(fonts));
-        QFile helvetica(fonts + "Helvetica.ttc");
-        QVERIFY(helvetica.open(QIODevice::WriteOnly));
-        helvetica.write("font");
-        helvetica.close();
+        TreeBuilder(env.root()).file("System/Library/Fonts/Helvetica.ttc", 4);
         const QString userFonts = Platform::homeDirectory() + "/Library/Fonts/";
         QVERIFY(QDir().mkpath(userFonts));
-
         AppDelegate delegate;
-        delegate.applicationDidFinishLaunching();
+        launchAgain(delegate);
         QVERIFY(QFile::exists(userFonts + "Helvetica.ttc"));
         QVERIFY(!QFile::exists(userFonts + "HelveticaNeue.ttc"));
     }

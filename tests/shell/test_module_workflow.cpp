@@ -1,6 +1,7 @@
-// A junk module's whole life on the real main window, offscreen: scan,
-// result, review, confirmation, clean and log, over a tree in the test's
-// home, with the shipped module table and the real clean service.
+// The real main window, offscreen: the left list, and a junk module's whole
+// life from scan, result, review, confirmation, clean and log, over a tree
+// in the test's home, with the shipped module table and the real clean
+// service.
 
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
@@ -39,6 +40,33 @@ std::pair<int, int> itemOf(int module, const QString &category, const QString &n
     return {-1, -1};
 }
 
+// Three modules and a heading: one without a scan yet, one whose roots hold
+// files, and, after the heading, one whose root is empty.
+void writeTable(ShellEnvironment &env, TreeBuilder &tree)
+{
+    tree.file("junk/a.cache", 3000);
+    tree.file("junk/deep/b.cache", 5000);
+    tree.file("more/c.log", 2000);
+    tree.folder("empty");
+    // Roots are system paths, which live under the test's root.
+    const auto root = [](const QString &rel) -> QString { return "file:///" + rel + "/"; };
+    QVariantMap later = TestEnvironment::moduleRow("Later", {}, "Later");
+    later.remove("categories");
+    QVariantMap heading = TestEnvironment::moduleRow("Tools", {}, "Header");
+    heading.remove("categories");
+    heading.insert("listBefore", 2);
+    env.writeModules(QVariantList{
+        later,
+        TestEnvironment::moduleRow("Found",
+                                   {TestEnvironment::categoryRow("Caches", root("junk"), {}, 1),
+                                    TestEnvironment::categoryRow("Logs", root("more"), {}, 1)},
+                                   "Found"),
+        TestEnvironment::moduleRow(
+            "Empty", {TestEnvironment::categoryRow("Nothing", root("empty"))}, "Empty"),
+        heading});
+    ShellEnvironment::resetShell();
+}
+
 } // namespace
 
 class ModuleWorkflowTest : public QObject {
@@ -60,7 +88,17 @@ private:
             AppModuleService::appModules().at(module).tab);
     }
 
+    KestalLeftTableViewController *left() const { return m_world->root->leftTable(); }
     void show(int module) { m_world->show(module); }
+
+    void openOwnTable()
+    {
+        m_world.reset(); // its end resets what the next world sets up
+        m_world = std::make_unique<ShippedWindow>(QStringLiteral("linux"), false);
+        TreeBuilder tree(m_world->env.root());
+        writeTable(m_world->env, tree);
+        m_world->open();
+    }
 
     void scanToResult(int module)
     {
@@ -94,6 +132,87 @@ private slots:
     }
 
     void cleanup() { m_world.reset(); }
+
+    // Over a table of its own: the heading in the left list, and what each
+    // row brings up on the right.
+    void leftListHeadingsAndTheRightSide()
+    {
+        openOwnTable();
+        QCOMPARE(left()->count(), 4);
+        QCOMPARE(left()->moduleOfRow(2), 3); // the heading
+        QVERIFY(left()->isHeaderRow(2));
+        QCOMPARE(left()->item(2)->flags(), Qt::NoItemFlags);
+        QCOMPARE(left()->item(2)->text(), QString("Tools"));
+        QCOMPARE(KestalLeftTableViewController::currentRow, 0);
+
+        // A click on the heading changes nothing.
+        m_world->clickRow(2);
+        QCOMPARE(KestalLeftTableViewController::currentRow, 0);
+        QCOMPARE(topOnScreen(), right()->topSwitch()->overViewAndScan(0));
+
+        // The keyboard passes over it.
+        m_world->clickRow(1);
+        QCOMPARE(KestalLeftTableViewController::currentRow, 1);
+        QTest::keyClick(left(), Qt::Key_Down);
+        QCOMPARE(KestalLeftTableViewController::currentRow, 2);
+        QCOMPARE(left()->QListWidget::currentRow(), 3);
+
+        // Choosing a module swaps both halves of the right side.
+        for (int row : {3, 1, 0}) {
+            const int module = left()->moduleOfRow(row);
+            m_world->clickRow(row);
+            QCOMPARE(KestalLeftTableViewController::currentRow, module);
+            auto *overview = right()->topSwitch()->overViewAndScan(module);
+            QCOMPARE(topOnScreen(), overview);
+            QCOMPARE(right()->bottomSwitch()->currentWidget(), bar(module));
+            QCOMPARE(overview->titleLabel()->text(),
+                     AppModuleService::appModules().at(module).title);
+            QVERIFY(overview->isVisible());
+        }
+        // A module without a scan offers none yet.
+        QVERIFY(!bar(0)->overViewScanBtn()->isEnabled());
+        QVERIFY(bar(1)->overViewScanBtn()->isEnabled());
+    }
+
+    // A scan goes on while its module is off screen, and only its state and
+    // its row change; coming back shows the result.
+    void scanRunsOffScreenAndShowsItsResultOnReturn()
+    {
+        openOwnTable();
+        auto *found = bar(1);
+        auto *empty = bar(2);
+        m_world->clickRow(1);
+        QTest::mouseClick(found->overViewScanBtn(), Qt::LeftButton);
+        QCOMPARE(KestalSuperViewController::currentStatus("Found"), viewStatus::scanning);
+        QCOMPARE(found->status(), viewStatus::scanning);
+        QVERIFY(!found->overViewScanBtn()->isVisible());
+
+        m_world->clickRow(3);
+        QTest::mouseClick(empty->overViewScanBtn(), Qt::LeftButton);
+        QTRY_COMPARE(KestalSuperViewController::currentStatus("Empty"), viewStatus::scandone_Empty);
+        QTRY_COMPARE(KestalSuperViewController::currentStatus("Found"),
+                     viewStatus::scandone_NoEmpty);
+
+        // The module that finished off screen changed only its row.
+        QCOMPARE(left()->detailOfModule(1),
+                 KestalSuperViewController::byteString(CategoryTotals::instanceTotalSize(1)));
+        QCOMPARE(left()->detailOfModule(2), QString());
+
+        auto *emptyMessage = right()->topSwitch()->showMessage(2);
+        QCOMPARE(topOnScreen(), emptyMessage);
+        QCOMPARE(emptyMessage->titleLabel()->text(), QString("Nothing to Clean"));
+        QVERIFY(empty->rescanBtn()->isVisible());
+
+        m_world->clickRow(1);
+        const qint64 size = CategoryTotals::instanceTotalSize(1);
+        QVERIFY(size >= 10000);
+        auto *message = right()->topSwitch()->showMessage(1);
+        QCOMPARE(topOnScreen(), message);
+        QCOMPARE(message->titleLabel()->text(), QString("Scan Done"));
+        QCOMPARE(message->messageLabel()->text(),
+                 "Found " + KestalSuperViewController::byteString(size));
+        QCOMPARE(found->statusTextField()->text(), message->messageLabel()->text());
+    }
 
     // Scan, result, review, a selection of one item, confirmation, cleaning,
     // clean done and log: the selected item goes, the rest stays.

@@ -90,27 +90,12 @@ class NetworkUtilTest : public QObject {
 private slots:
     void initTestCase() { isolateUserSettings(); }
 
-    void postsJsonAndReadsTheAnswer()
-    {
-        LoopbackServer server(200, R"({"success": true, "id": 7})");
-        const QVariantMap answer = requestAndWait(server.url(), R"({"email":"a@b.cd"})");
-        QCOMPARE(answer.value("success"), QVariant(true));
-        QCOMPARE(answer.value("id").toInt(), 7);
-        QCOMPARE(server.requests.size(), 1);
-        const auto &request = server.requests.first();
-        QCOMPARE(request.method, QByteArray("POST"));
-        QCOMPARE(request.headers.value("content-type"), QByteArray("application/json"));
-        QVERIFY(request.headers.value("accept-encoding").contains("gzip"));
-        QCOMPARE(request.body, QByteArray(R"({"email":"a@b.cd"})"));
-    }
-
     void failuresBecomeAnErrorText_data()
     {
         QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("body");
         QTest::addColumn<QString>("error");
         QTest::newRow("bad status") << 500 << QByteArray("{}") << "Connect Error! ErrorCode:500";
-        QTest::newRow("not found") << 404 << QByteArray("{}") << "Connect Error! ErrorCode:404";
         QTest::newRow("no JSON") << 200 << QByteArray("<html>") << "Connect Error! Parse Error!";
         QTest::newRow("JSON but no object")
             << 200 << QByteArray("[1]") << "Connect Error! Parse Error!";
@@ -161,14 +146,12 @@ private slots:
     void firstRunWindowSubscribes()
     {
         ShellEnvironment env;
-        LoopbackServer server(200, R"({"success": true})");
+        LoopbackServer server(200, R"({"success": true, "id": 7})");
         env.writeResource("BrenlowSetting",
                           QVariantMap{{"sendEmail_link", server.url().toString()}});
         KestalFirstLoginViewController window;
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.windowTitle(), QString("Hi! Nice to Meet You - Brenlow"));
-        QCOMPARE(window.emailField()->placeholderText(), QString("Enter your email"));
 
         auto seen = answerNextMessageBox("OK");
         QTest::mouseClick(window.sendButton(), Qt::LeftButton);
@@ -189,9 +172,15 @@ private slots:
         QCOMPARE(seen->text, QString("Thanks for Subscribing!"));
         QVERIFY(!window.sendButton()->isEnabled());
         QVERIFY(answered.wait(12000));
-        QCOMPARE(answered.first().first().toMap().value("success"), QVariant(true));
+        const QVariantMap answer = answered.first().first().toMap();
+        QCOMPARE(answer.value("success"), QVariant(true));
+        QCOMPARE(answer.value("id").toInt(), 7);
         QCOMPARE(server.requests.size(), 1);
-        QCOMPARE(QJsonDocument::fromJson(server.requests.first().body).toVariant().toMap(),
+        const auto &request = server.requests.first();
+        QCOMPARE(request.method, QByteArray("POST"));
+        QCOMPARE(request.headers.value("content-type"), QByteArray("application/json"));
+        QVERIFY(request.headers.value("accept-encoding").contains("gzip"));
+        QCOMPARE(QJsonDocument::fromJson(request.body).toVariant().toMap(),
                  (QVariantMap{{"email", "jane@example.com"}}));
     }
 };
