@@ -1,8 +1,7 @@
 #pragma once
 
-// Shared pieces of the clean tests: the programs under test, a peer process
-// spoken to in frames, a recorded clean run, and random trees for the
-// property test. Header only: each test executable includes what it uses.
+// Shared pieces of the clean tests: the programs, a peer spoken to in frames,
+// a recorded clean run, and random trees for the property test.
 
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
@@ -23,37 +22,25 @@
 #include <algorithm>
 #include <dirent.h>
 #include <fcntl.h>
+#include <ftw.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace CleanTest {
 
-// The build (or the copy the unprivileged user runs from).
-inline QString bin()
-{
-    const QString fromEnvironment = qEnvironmentVariable("BRENLOW_TEST_BIN");
-    return fromEnvironment.isEmpty() ? QStringLiteral(BRENLOW_TEST_BINARY_DIR) : fromEnvironment;
-}
-inline QString helperProgram()
-{
-    return bin() + QStringLiteral("/libexec/brenlow/brenlow-helper");
-}
-inline QString serviceProgram()
-{
-    return bin() + QStringLiteral("/libexec/brenlow/brenlow-service");
-}
-inline QString cliProgram()
-{
-    return bin() + QStringLiteral("/cli/brenlow-cli");
-}
+// The build (or the copy the unprivileged user runs from) and its programs.
+inline const QString bin =
+    qEnvironmentVariable("BRENLOW_TEST_BIN", QStringLiteral(BRENLOW_TEST_BINARY_DIR));
+inline const QString helperProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-helper");
+inline const QString serviceProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-service");
+inline const QString cliProgram = bin + QStringLiteral("/cli/brenlow-cli");
 
-// Where the service finds its helper and how it starts it; a fresh service
-// is started by the next request.
-inline void useHelper(const QString &launcher, const QString &helper = helperProgram())
+// Where the next service started finds its helper and how it starts it.
+inline void useHelper(const QString &launcher, const QString &helper = helperProgram)
 {
     XPCUtil::shutdown();
     KestalModuleCleanService::reset();
-    qputenv("BRENLOW_SERVICE_PATH", QFile::encodeName(serviceProgram()));
+    qputenv("BRENLOW_SERVICE_PATH", QFile::encodeName(serviceProgram));
     qputenv("BRENLOW_HELPER_PATH", QFile::encodeName(helper));
     qputenv("BRENLOW_HELPER_LAUNCHER", launcher.toLocal8Bit());
 }
@@ -74,7 +61,6 @@ public:
         process.waitForFinished(1000);
     }
     void send(const QCborMap &message) { process.write(FrameDecoder::encode(message)); }
-    void sendRaw(const QByteArray &bytes) { process.write(bytes); }
 
     // The next message, waiting for it as long as the program lives.
     std::optional<QCborMap> next()
@@ -215,35 +201,28 @@ inline QList<QByteArray> entries(const QByteArray &folder)
 
 // Every entry below a folder, by raw relative path: a digest of a file's
 // bytes, "dir" for a folder, "link:" and the target for a link.
-inline void snapshotInto(const QByteArray &root, const QByteArray &relative,
-                         QMap<QByteArray, QByteArray> &out)
-{
-    for (const QByteArray &name : entries(root + relative)) {
-        const QByteArray rel = relative + '/' + name;
-        const QByteArray full = root + rel;
-        struct stat st;
-        if (lstat(full.constData(), &st) != 0)
-            continue;
-        if (S_ISLNK(st.st_mode)) {
-            char target[4096];
-            const ssize_t n = readlink(full.constData(), target, sizeof target);
-            out.insert(rel, "link:" + QByteArray(target, n > 0 ? n : 0));
-        } else if (S_ISDIR(st.st_mode)) {
-            out.insert(rel, "dir");
-            snapshotInto(root, rel, out);
-        } else {
-            QFile file; // opened by its raw path: names need not be valid text
-            file.open(::open(full.constData(), O_RDONLY), QIODevice::ReadOnly,
-                      QFileDevice::AutoCloseHandle);
-            out.insert(rel, QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5));
-        }
-    }
-}
-
 inline QMap<QByteArray, QByteArray> snapshot(const QString &root)
 {
-    QMap<QByteArray, QByteArray> out;
-    snapshotInto(QFile::encodeName(root), QByteArray(), out);
+    static QMap<QByteArray, QByteArray> out;
+    static qsizetype prefix;
+    out.clear();
+    const QByteArray top = QFile::encodeName(root);
+    prefix = top.size();
+    const auto visit = [](const char *path, const struct stat *st, int, FTW *ftw) {
+        QByteArray value = "dir";
+        if (S_ISLNK(st->st_mode)) {
+            char target[4096];
+            value = "link:" + QByteArray(target, qMax<ssize_t>(0, readlink(path, target, 4096)));
+        } else if (!S_ISDIR(st->st_mode)) {
+            QFile file; // opened by its raw path: names need not be valid text
+            file.open(::open(path, O_RDONLY), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+            value = QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5);
+        }
+        if (ftw->level > 0)
+            out.insert(QByteArray(path).mid(prefix), value);
+        return 0;
+    };
+    nftw(top.constData(), visit, 16, FTW_PHYS);
     return out;
 }
 
@@ -253,19 +232,27 @@ inline bool existsOnDisk(const QByteArray &path)
     return lstat(path.constData(), &st) == 0;
 }
 
-// A random tree in several categories, loaded into module 0 as a scan would
-// leave it, a random selection of whole nodes, partly selected folders and
-// nothing, and the checks that after a clean exactly the selection is gone.
+// A random tree loaded into module 0 as a scan would leave it, a random
+// selection, and the checks that after a clean exactly the selection is gone.
 class RandomClean {
 public:
     explicit RandomClean(quint32 seed) : rng(seed) {}
     // Names of raw bytes are beyond the tree builder's own unlocking.
-    ~RandomClean() { unlock(QFile::encodeName(tree.root())); }
+    ~RandomClean() { QProcess::execute(QStringLiteral("chmod"), {"-R", "u+w", tree.root()}); }
 
-    // One whole round: a tree, a selection, a clean of module 0, the checks.
-    // `lockSome`: some folders lose their write right, so what is in them
-    // needs the helper.
-    static void cleanAndVerify(quint32 seed, bool lockSome)
+    // One round per seed. `lockSome`: some folders lose their write right, so
+    // what is in them needs the helper.
+    static void rounds(quint32 first, quint32 end, bool lockSome)
+    {
+        for (quint32 seed = first; seed < end; ++seed) {
+            round(seed, lockSome);
+            if (QTest::currentTestFailed())
+                QFAIL(qPrintable(QStringLiteral("failed with seed %1").arg(seed)));
+        }
+    }
+
+private:
+    static void round(quint32 seed, bool lockSome)
     {
         TestEnvironment env;
         RandomClean random(seed);
@@ -277,7 +264,6 @@ public:
         random.verify();
     }
 
-private:
     void build(TestEnvironment &env, bool lockSome)
     {
         const int count = 1 + int(rng.bounded(3));
@@ -389,17 +375,6 @@ private:
             size += bytes;
         }
         QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(size, number));
-    }
-
-    static void unlock(const QByteArray &folder)
-    {
-        ::chmod(folder.constData(), 0755);
-        for (const QByteArray &name : entries(folder)) {
-            struct stat st;
-            const QByteArray path = folder + '/' + name;
-            if (lstat(path.constData(), &st) == 0 && S_ISDIR(st.st_mode))
-                unlock(path);
-        }
     }
 
     // Plain names, names with blanks and accents, and bytes that are not UTF-8.

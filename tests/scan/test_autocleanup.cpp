@@ -24,13 +24,13 @@ struct Seen {
     }
 };
 
-// Module 0 with the given category titles; modules 1 to 5 with two plain
+// Module 0 with one category per child; modules 1 to 5 with two plain
 // categories each over their own folder of the tree.
-void writeTable(TestEnvironment &env, const QStringList &titles = kChildren)
+void writeTable(TestEnvironment &env)
 {
     TreeBuilder tree(env.root());
     QVariantList cats;
-    for (const QString &t : titles)
+    for (const QString &t : kChildren)
         cats << TestEnvironment::categoryRow(t);
     QVariantList rows{TestEnvironment::moduleRow("Auto Cleanup", cats)};
     for (int m = 1; m <= 5; ++m) {
@@ -95,21 +95,6 @@ private slots:
             QCOMPARE(seen->finishedOf(n), 2);
     }
 
-    void statusZeroAloneSilencesTheChildren()
-    {
-        TestEnvironment env;
-        writeTable(env);
-        const auto seen = start();
-        // The children scan on to their end, but module 0's screen hears
-        // nothing more than the stop's own answer.
-        KestalService::scanStatus()[0] = 2;
-        QTRY_VERIFY(allChildrenAre(-1));
-        QCOMPARE(seen->progressFrom.size(), 0);
-        QCOMPARE(seen->percents, 0);
-        QVERIFY(std::all_of(seen->done.begin(), seen->done.end(),
-                            [](const auto &d) { return d == std::make_tuple(-1, -1, true); }));
-    }
-
     void stopSilencesAllChildren()
     {
         TestEnvironment env;
@@ -131,45 +116,6 @@ private slots:
         // With Auto Cleanup idle, a module's stop is its own.
         QCOMPARE(KestalService::stopScan(3), 3);
         QCOMPARE(KestalService::scanStatus().value(0), 2);
-    }
-
-    void unknownTitleScansNothing()
-    {
-        TestEnvironment env;
-        writeTable(env, {"Trash Bin", "Browser Junk"});
-        const auto seen = start();
-        QTRY_COMPARE(seen->finishedOf(0), 1);
-        QTRY_COMPARE(KestalService::scanStatus().value(4), -1);
-        for (int m : {1, 2, 3, 5})
-            QCOMPARE(KestalService::scanStatus().value(m), 0);
-        QVERIFY(std::none_of(seen->done.begin(), seen->done.end(),
-                             [](const auto &d) { return std::get<0>(d) == 1; }));
-        // The unknown row never reports, so the whole keeps scanning until stopped.
-        QCOMPARE(KestalService::scanStatus().value(0), 1);
-        QCOMPARE(KestalAutoCleanupService::childModuleIndex("Browser Junk"), -1);
-    }
-
-    void shippedLinuxTableFindsEachChildsJunk()
-    {
-        TestEnvironment env; // the edition's own module list
-        TreeBuilder home(env.home());
-        home.file(".cache/pip/http/blob", 5);
-        home.file(".cache/thumbnails/normal/a.png", 6);
-        home.file(".cache/evolution/mail/1a2b/folders/INBOX/cur/ab/9", 7);
-        home.file(".local/share/Trash/files/old.txt", 8);
-        const auto seen = start();
-        QTRY_COMPARE(KestalService::scanStatus().value(0), -1);
-        const auto firstFiles = [](int module, int category) {
-            QStringList names;
-            for (const FolderInfoPtr &f :
-                 AppModuleService::appModules()[module].categories->at(category).files)
-                names << f->name;
-            return names;
-        };
-        QCOMPARE(firstFiles(1, 0), QStringList{"pip"}); // listed once, elsewhere
-        QCOMPARE(firstFiles(2, 0), QStringList{"a.png"});
-        QCOMPARE(firstFiles(3, 0), QStringList{"9"});
-        QCOMPARE(firstFiles(4, 0), QStringList{"old.txt"});
     }
 };
 

@@ -1,8 +1,7 @@
 #pragma once
 
-// What the shell's tests share: an isolated world with the shipped
-// resources, a recorder in place of the desktop's web browser, and answers
-// to the modal message boxes the screens open.
+// An isolated world with the shipped resources, a recorder in place of the
+// web browser, and answers to the modal message boxes the screens open.
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
 #include "cleaner/core/SwitchLanguageService.h"
@@ -22,9 +21,8 @@
 #include <QtTest>
 #include <memory>
 
-// Gives this test process a home of its own for the whole run, and opens
-// the user settings there before any test changes the home: tests never
-// touch the user's settings, nor those of a test process running beside.
+// A home of its own for the whole run, with the user settings opened there
+// before any test changes the home.
 inline void isolateUserSettings()
 {
     static QTemporaryDir home;
@@ -79,17 +77,13 @@ public:
     QList<QUrl> opened;
 };
 
-// What a message box showed, and which of its buttons was pressed.
 struct MessageBoxSeen {
     QString title;
-    QString text;
-    QStringList buttons;
     bool shown = false;
 };
 
-// Answers the next modal message box by pressing the button with this text.
-// Polls from the event loop that the box's own exec() runs, so it needs no
-// fixed wait.
+// Answers the next modal message box by pressing the button with this text,
+// polling from the event loop of the box's own exec().
 inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &button)
 {
     auto seen = std::make_shared<MessageBoxSeen>();
@@ -101,9 +95,6 @@ inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &butto
             return;
         seen->shown = true;
         seen->title = box->text();
-        seen->text = box->informativeText();
-        for (QAbstractButton *b : box->buttons())
-            seen->buttons.append(b->text());
         poll->deleteLater();
         for (QAbstractButton *b : box->buttons()) {
             if (b->text() == button) {

@@ -1,7 +1,7 @@
 #pragma once
 
-// The main window over the shipped module table, or over one the test
-// writes, in a world whose home the test fills before it opens the window.
+// The main window over the shipped module table, in a world whose home the
+// test fills before it opens the window.
 #include "ShellTestSupport.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/clean/XPCUtil.h"
@@ -13,14 +13,7 @@
 
 class ShippedWindow {
 public:
-    explicit ShippedWindow(const QString &profile = QStringLiteral("linux"), bool shipped = true)
-        : env(profile)
-    {
-        if (shipped)
-            env.useShippedResources();
-        TestEnvironment::resetCaches();
-        ShellEnvironment::resetShell();
-    }
+    explicit ShippedWindow(const QString &profile = QStringLiteral("linux")) : env(profile) {}
 
     ~ShippedWindow()
     {
@@ -39,7 +32,6 @@ public:
 
     KestalRightSplitController *right() const { return root->rightSplit(); }
 
-    // Clicks a row of the left list with the mouse.
     void clickRow(int row)
     {
         auto *left = root->leftTable();

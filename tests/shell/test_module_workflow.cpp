@@ -1,7 +1,5 @@
-// The real main window, offscreen: the left list, and a junk module's whole
-// life from scan, result, review, confirmation, clean and log, over a tree
-// in the test's home, with the shipped module table and the real clean
-// service.
+// The real main window, offscreen, with the shipped module table and the
+// real clean service: a junk module's whole life from scan to log.
 
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
@@ -40,33 +38,6 @@ std::pair<int, int> itemOf(int module, const QString &category, const QString &n
     return {-1, -1};
 }
 
-// Three modules and a heading: one without a scan yet, one whose roots hold
-// files, and, after the heading, one whose root is empty.
-void writeTable(ShellEnvironment &env, TreeBuilder &tree)
-{
-    tree.file("junk/a.cache", 3000);
-    tree.file("junk/deep/b.cache", 5000);
-    tree.file("more/c.log", 2000);
-    tree.folder("empty");
-    // Roots are system paths, which live under the test's root.
-    const auto root = [](const QString &rel) -> QString { return "file:///" + rel + "/"; };
-    QVariantMap later = TestEnvironment::moduleRow("Later", {}, "Later");
-    later.remove("categories");
-    QVariantMap heading = TestEnvironment::moduleRow("Tools", {}, "Header");
-    heading.remove("categories");
-    heading.insert("listBefore", 2);
-    env.writeModules(QVariantList{
-        later,
-        TestEnvironment::moduleRow("Found",
-                                   {TestEnvironment::categoryRow("Caches", root("junk"), {}, 1),
-                                    TestEnvironment::categoryRow("Logs", root("more"), {}, 1)},
-                                   "Found"),
-        TestEnvironment::moduleRow(
-            "Empty", {TestEnvironment::categoryRow("Nothing", root("empty"))}, "Empty"),
-        heading});
-    ShellEnvironment::resetShell();
-}
-
 } // namespace
 
 class ModuleWorkflowTest : public QObject {
@@ -90,15 +61,6 @@ private:
 
     KestalLeftTableViewController *left() const { return m_world->root->leftTable(); }
     void show(int module) { m_world->show(module); }
-
-    void openOwnTable()
-    {
-        m_world.reset(); // its end resets what the next world sets up
-        m_world = std::make_unique<ShippedWindow>(QStringLiteral("linux"), false);
-        TreeBuilder tree(m_world->env.root());
-        writeTable(m_world->env, tree);
-        m_world->open();
-    }
 
     void scanToResult(int module)
     {
@@ -133,85 +95,17 @@ private slots:
 
     void cleanup() { m_world.reset(); }
 
-    // Over a table of its own: the heading in the left list, and what each
-    // row brings up on the right.
-    void leftListHeadingsAndTheRightSide()
+    // A heading row takes no click, and the keyboard passes over it.
+    void headingsAreNotModules()
     {
-        openOwnTable();
-        QCOMPARE(left()->count(), 4);
-        QCOMPARE(left()->moduleOfRow(2), 3); // the heading
-        QVERIFY(left()->isHeaderRow(2));
-        QCOMPARE(left()->item(2)->flags(), Qt::NoItemFlags);
-        QCOMPARE(left()->item(2)->text(), QString("Tools"));
-        QCOMPARE(KestalLeftTableViewController::currentRow, 0);
-
-        // A click on the heading changes nothing.
-        m_world->clickRow(2);
-        QCOMPARE(KestalLeftTableViewController::currentRow, 0);
-        QCOMPARE(topOnScreen(), right()->topSwitch()->overViewAndScan(0));
-
-        // The keyboard passes over it.
+        QVERIFY(left()->isHeaderRow(1));
+        QCOMPARE(left()->item(1)->flags(), Qt::NoItemFlags);
         m_world->clickRow(1);
-        QCOMPARE(KestalLeftTableViewController::currentRow, 1);
+        QCOMPARE(KestalLeftTableViewController::currentRow, 0);
+        m_world->clickRow(0);
         QTest::keyClick(left(), Qt::Key_Down);
-        QCOMPARE(KestalLeftTableViewController::currentRow, 2);
-        QCOMPARE(left()->QListWidget::currentRow(), 3);
-
-        // Choosing a module swaps both halves of the right side.
-        for (int row : {3, 1, 0}) {
-            const int module = left()->moduleOfRow(row);
-            m_world->clickRow(row);
-            QCOMPARE(KestalLeftTableViewController::currentRow, module);
-            auto *overview = right()->topSwitch()->overViewAndScan(module);
-            QCOMPARE(topOnScreen(), overview);
-            QCOMPARE(right()->bottomSwitch()->currentWidget(), bar(module));
-            QCOMPARE(overview->titleLabel()->text(),
-                     AppModuleService::appModules().at(module).title);
-            QVERIFY(overview->isVisible());
-        }
-        // A module without a scan offers none yet.
-        QVERIFY(!bar(0)->overViewScanBtn()->isEnabled());
-        QVERIFY(bar(1)->overViewScanBtn()->isEnabled());
-    }
-
-    // A scan goes on while its module is off screen, and only its state and
-    // its row change; coming back shows the result.
-    void scanRunsOffScreenAndShowsItsResultOnReturn()
-    {
-        openOwnTable();
-        auto *found = bar(1);
-        auto *empty = bar(2);
-        m_world->clickRow(1);
-        QTest::mouseClick(found->overViewScanBtn(), Qt::LeftButton);
-        QCOMPARE(KestalSuperViewController::currentStatus("Found"), viewStatus::scanning);
-        QCOMPARE(found->status(), viewStatus::scanning);
-        QVERIFY(!found->overViewScanBtn()->isVisible());
-
-        m_world->clickRow(3);
-        QTest::mouseClick(empty->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(KestalSuperViewController::currentStatus("Empty"), viewStatus::scandone_Empty);
-        QTRY_COMPARE(KestalSuperViewController::currentStatus("Found"),
-                     viewStatus::scandone_NoEmpty);
-
-        // The module that finished off screen changed only its row.
-        QCOMPARE(left()->detailOfModule(1),
-                 KestalSuperViewController::byteString(CategoryTotals::instanceTotalSize(1)));
-        QCOMPARE(left()->detailOfModule(2), QString());
-
-        auto *emptyMessage = right()->topSwitch()->showMessage(2);
-        QCOMPARE(topOnScreen(), emptyMessage);
-        QCOMPARE(emptyMessage->titleLabel()->text(), QString("Nothing to Clean"));
-        QVERIFY(empty->rescanBtn()->isVisible());
-
-        m_world->clickRow(1);
-        const qint64 size = CategoryTotals::instanceTotalSize(1);
-        QVERIFY(size >= 10000);
-        auto *message = right()->topSwitch()->showMessage(1);
-        QCOMPARE(topOnScreen(), message);
-        QCOMPARE(message->titleLabel()->text(), QString("Scan Done"));
-        QCOMPARE(message->messageLabel()->text(),
-                 "Found " + KestalSuperViewController::byteString(size));
-        QCOMPARE(found->statusTextField()->text(), message->messageLabel()->text());
+        QCOMPARE(left()->QListWidget::currentRow(), 2);
+        QCOMPARE(KestalLeftTableViewController::currentRow, left()->moduleOfRow(2));
     }
 
     // Scan, result, review, a selection of one item, confirmation, cleaning,
@@ -221,13 +115,9 @@ private slots:
         auto *junk = bar(systemJunk);
         scanToResult(systemJunk);
         QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(systemJunk));
-        QVERIFY(junk->reviewBtn()->isVisible());
-        QVERIFY(junk->scandoneViewBtn()->isVisible());
 
         QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(systemJunk), viewStatus::detail);
-        QVERIFY(junk->detailViewBtn()->isVisible());
-        QVERIFY(junk->rescanBtn()->isVisible());
 
         // Only appA's folder stays selected.
         const QList<Category> &categories = AppModuleService::categoriesOf(systemJunk);
@@ -245,12 +135,9 @@ private slots:
         auto question = answerNextMessageBox("Confirm");
         QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
         QVERIFY(question->shown);
-        QCOMPARE(question->title, QString("Confirmation"));
-        QCOMPARE(question->text, QString("Are you sure to delete selected files?"));
         QCOMPARE(stateOf(systemJunk), viewStatus::cleanning);
         auto *cleaning = right()->topSwitch()->cleaningAndLog(systemJunk);
         QCOMPARE(topOnScreen(), cleaning);
-        QVERIFY(junk->cleanningViewBtn()->isVisible());
         QVERIFY(!junk->cleanningViewBtn()->isEnabled());
 
         QTRY_COMPARE(stateOf(systemJunk), viewStatus::cleandone);
@@ -275,9 +162,6 @@ private slots:
         QCOMPARE(cleaning->logTableView()->topLevelItem(0)->text(0), QString("Nothing failed."));
         QTest::mouseClick(junk->showLogViewBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(systemJunk), viewStatus::cleandone);
-
-        QTest::mouseClick(junk->rescanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(stateOf(systemJunk), viewStatus::scandone_NoEmpty);
     }
 
     void cancelledConfirmationChangesNothing()
@@ -294,9 +178,6 @@ private slots:
         QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
         QVERIFY(question->shown);
         QCOMPARE(stateOf(systemJunk), viewStatus::detail);
-        QCOMPARE(topOnScreen(),
-                 right()->topSwitch()->widget(
-                     KestalSuperViewController::tabChildrenDict().value("SystemJunk Detail")));
         QCOMPARE(AppModuleService::calculateModuleSizeAndNumber(systemJunk), selected);
         QCOMPARE(CategoryTotals::instanceTotalSize(systemJunk), found);
         QVERIFY(QFile::exists(m_home->path(".cache/appA/blob.bin")));
@@ -318,7 +199,6 @@ private slots:
         QCOMPARE(stateOf(photoCache), viewStatus::overview);
         QCOMPARE(topOnScreen(), right()->topSwitch()->overViewAndScan(photoCache));
         QCOMPARE(right()->bottomSwitch()->currentWidget(), bar(photoCache));
-        QVERIFY(bar(photoCache)->overViewScanBtn()->isVisible());
 
         show(trashBin);
         QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(trashBin));
@@ -332,7 +212,6 @@ private slots:
         auto *junk = bar(systemJunk);
         show(systemJunk);
         QTest::mouseClick(junk->overViewScanBtn(), Qt::LeftButton);
-        QVERIFY(junk->scanningscanBtn()->isVisible());
         QTest::mouseClick(junk->scanningscanBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(systemJunk), viewStatus::scanning);
         QTRY_COMPARE(stateOf(systemJunk), viewStatus::scandone_Empty);
@@ -348,7 +227,6 @@ private slots:
         QTest::mouseClick(junk->rescanBtn(), Qt::LeftButton);
         QTRY_COMPARE(stateOf(systemJunk), viewStatus::detail);
         disconnect(stopOnFindings);
-        QVERIFY(junk->detailViewBtn()->isVisible());
         QCOMPARE(itemOf(systemJunk, "User Logs", "Xorg.0.log.old").second, -1);
     }
 
@@ -370,11 +248,9 @@ private slots:
         QVERIFY(!QFile::exists(m_home->path(".cache/appA")));
         QVERIFY(!QFile::exists(m_home->path(".local/share/xorg/Xorg.0.log.old")));
 
-        QTRY_VERIFY(qobject_cast<KestalWarnningAndErrorViewController *>(
-            QApplication::activeModalWidget()));
-        auto *warning =
-            qobject_cast<KestalWarnningAndErrorViewController *>(QApplication::activeModalWidget());
-        QCOMPARE(warning->titleLabel()->text(), QString("Warn"));
+        KestalWarnningAndErrorViewController *warning = nullptr;
+        QTRY_VERIFY((warning = qobject_cast<KestalWarnningAndErrorViewController *>(
+                         QApplication::activeModalWidget())));
         QVERIFY(!warning->descriptionLabel()->text().isEmpty());
         QTest::mouseClick(warning->okButton(), Qt::LeftButton);
         QTRY_VERIFY(!QApplication::activeModalWidget());
@@ -396,17 +272,6 @@ private slots:
         QCOMPARE(log->topLevelItem(1)->text(1), QString("get root fail"));
     }
 
-    void longPathsAreCut()
-    {
-        const QString short35(35, 'a');
-        QCOMPARE(KestalCleaningViewAndLogViewController::cutPath(short35), short35);
-        const QString long36 = "/start" + QString(24, 'x') + "/end.f";
-        QCOMPARE(long36.size(), 36);
-        const QString cut = KestalCleaningViewAndLogViewController::cutPath(long36);
-        QVERIFY(cut.size() < 36);
-        QVERIFY(cut.startsWith("/start") && cut.endsWith("/end.f") && cut.contains("..."));
-    }
-
     // Auto Cleanup scans its five modules, cleans those whose box stays on
     // one after another in row order, and its stop ends the whole scan.
     void autoCleanupScansAndCleansItsChildrenInRowOrder()
@@ -415,8 +280,7 @@ private slots:
         QVERIFY(autoBar);
         show(0);
         QTest::mouseClick(autoBar->overViewScanBtn(), Qt::LeftButton);
-        // The children's own screens follow the scan, and a child's stop
-        // ends the whole of it.
+        // A child's stop ends the whole scan.
         for (int child : KestalAutoCleanupBottomViewController::childModules())
             QCOMPARE(stateOf(child), viewStatus::scanning);
         show(systemJunk);
@@ -432,7 +296,6 @@ private slots:
         QCOMPARE(stateOf(systemJunk), viewStatus::scandone_NoEmpty);
         QCOMPARE(stateOf(trashBin), viewStatus::scandone_NoEmpty);
         QCOMPARE(KestalService::scanningPercent().value(0), 100.0f);
-        QVERIFY(!autoBar->reviewBtn()->isVisible());
         QVERIFY(autoBar->scandoneViewBtn()->isVisible());
 
         // Trash Bin's box off: its files stay, and it is not cleaned.
