@@ -1,3 +1,4 @@
+#include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
@@ -6,6 +7,7 @@
 #include "support/TestEnvironment.h"
 
 #include <QFile>
+#include <QTranslator>
 #include <QtTest>
 
 class SettingsAndLanguages : public QObject {
@@ -85,6 +87,33 @@ private slots:
         // A language without a table keeps the table in use.
         SwitchLanguageService::setUserLanguage("xx");
         QCOMPARE(getLocalizedString("System Junk"), QStringLiteral("Systemmüll"));
+    }
+
+    void everyLanguageHasEveryText()
+    {
+        // Each shipped table translates every title and description of the
+        // module lists, so no screen shows an English leftover.
+        QStringList texts;
+        for (const QString &profile : {QStringLiteral("linux"), QStringLiteral("macos")}) {
+            TestEnvironment env(profile);
+            for (const Module &m : AppModuleService::appModules()) {
+                texts << m.title << m.description;
+                for (const Feature &f : m.features)
+                    texts << f.description;
+                for (const Category &c : m.categories.value_or(QList<Category>()))
+                    texts << c.title << c.description;
+            }
+        }
+        texts.removeAll(QString());
+        TestEnvironment env;
+        for (const QString &lang : SwitchLanguageService::languages) {
+            SwitchLanguageService::setUserLanguage(lang);
+            QTranslator *table = SwitchLanguageService::getBundle();
+            QVERIFY2(table, qPrintable(lang));
+            for (const QString &text : std::as_const(texts))
+                QVERIFY2(!table->translate("English", text.toUtf8().constData()).isEmpty(),
+                         qPrintable(lang + ": " + text));
+        }
     }
 };
 
