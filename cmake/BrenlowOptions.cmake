@@ -14,3 +14,10 @@ if(BRENLOW_SANITIZE)
   target_compile_options(brenlow_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
   target_link_options(brenlow_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+# A compiler cache, when the machine has one, keeps rebuilds short.
+find_program(BRENLOW_CCACHE ccache)
+if(BRENLOW_CCACHE)
+  set(CMAKE_C_COMPILER_LAUNCHER ${BRENLOW_CCACHE})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${BRENLOW_CCACHE})
+endif()

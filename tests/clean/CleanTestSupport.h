@@ -3,6 +3,7 @@
 // Shared pieces of the clean tests: the programs, a peer spoken to in frames,
 // a recorded clean run, and random trees for the property test.
 
+#include "TestPaths.h"
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/clean/MessageChannel.h"

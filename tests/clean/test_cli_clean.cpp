@@ -2,6 +2,7 @@
 // every system folder under a built root.
 
 #include "CleanTestSupport.h"
+#include "TestPaths.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,6 +1,7 @@
 // The helper and the service as real processes, spoken to in frames.
 
 #include "CleanTestSupport.h"
+#include "TestPaths.h"
 #include "cleaner/clean/InstallFailure.h"
 
 #include <QtEndian>

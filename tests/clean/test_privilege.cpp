@@ -3,6 +3,7 @@
 // read; the helper, started through `sudo -n` in place of pkexec, removes what it may not.
 
 #include "CleanTestSupport.h"
+#include "TestPaths.h"
 
 #include <cstdio>
 #include <cstdlib>

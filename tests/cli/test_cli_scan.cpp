@@ -1,3 +1,4 @@
+#include "TestPaths.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "support/TestEnvironment.h"

@@ -1,4 +1,5 @@
 // brenlow-cli scans Auto Cleanup's children over the shipped Linux table.
+#include "TestPaths.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 

@@ -2,6 +2,7 @@
 // real clean service: a junk module's whole life from scan to log.
 
 #include "ShippedWindow.h"
+#include "TestPaths.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"

@@ -1,5 +1,6 @@
 #include "TestEnvironment.h"
 
+#include "TestPaths.h"
 #include "TreeBuilder.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/FileRemoval.h"
