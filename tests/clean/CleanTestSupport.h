@@ -49,8 +49,10 @@ inline void useHelper(const QString &launcher, const QString &helper = helperPro
 // A program spoken to in frames over its standard input and output.
 class Peer {
 public:
-    explicit Peer(const QString &program, const QStringList &args = {})
+    explicit Peer(const QString &program, const QStringList &args = {},
+                  const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
     {
+        process.setProcessEnvironment(environment);
         process.start(program, args);
         process.waitForStarted();
     }
@@ -105,6 +107,34 @@ private:
     QList<QCborMap> queue;
     QString m_errors;
 };
+
+// A helper operation with these folders, type and module.
+inline QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0)
+{
+    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module});
+}
+
+// A request of module 3 for these paths, each with a finder of its own.
+inline QCborMap deleteCall(const QList<QByteArray> &paths,
+                           qint64 type = qint64(operationType::delete_))
+{
+    QMap<QByteArray, QList<int>> folders;
+    int finder = 0;
+    for (const QByteArray &p : paths)
+        folders.insert(p, {0, finder++, 0});
+    return operationCall(Wire::wireFromPaths(folders), type, 3);
+}
+
+// The status slots of a finished report, by path.
+inline QMap<QByteArray, int> statuses(const QCborMap &report)
+{
+    QMap<QByteArray, int> out;
+    const auto paths =
+        Wire::wirePaths(report.value(QStringLiteral("args")).toArray().at(1).toMap());
+    for (auto it = paths.begin(); it != paths.end(); ++it)
+        out.insert(it.key(), it.value().last());
+    return out;
+}
 
 // The reports of one clean, as a screen would receive them.
 struct CleanRun {
@@ -237,7 +267,7 @@ inline bool existsOnDisk(const QByteArray &path)
 // selection, and the checks that after a clean exactly the selection is gone.
 class RandomClean {
 public:
-    explicit RandomClean(quint32 seed) : rng(seed) {}
+    RandomClean(quint32 seed, TreeBuilder::Place place) : rng(seed), tree(place) {}
     // Names of raw bytes are beyond the tree builder's own unlocking.
     ~RandomClean() { QProcess::execute(QStringLiteral("chmod"), {"-R", "u+w", tree.root()}); }
 
@@ -256,7 +286,9 @@ private:
     static void round(quint32 seed, bool lockSome)
     {
         TestEnvironment env;
-        RandomClean random(seed);
+        // What goes to the helper must lie where it may act: the real home.
+        RandomClean random(seed,
+                           lockSome ? TreeBuilder::Place::RealHome : TreeBuilder::Place::Temporary);
         random.build(env, lockSome);
         random.select();
         CleanRun run;

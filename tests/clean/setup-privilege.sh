@@ -19,11 +19,16 @@ if [ "$(id -u)" -ne 0 ] || ! command -v sudo >/dev/null || ! command -v runuser 
   echo "setup-privilege: needs root, sudo and runuser" >&2
   exit 77
 fi
+# The helper removes only inside the home of the user who started it, so the
+# user's trees live in a home of its own, inside the test folder.
+home=$dest/home
 id -u "$user" >/dev/null 2>&1 ||
-  useradd --system --no-create-home --home-dir /nonexistent --shell /usr/sbin/nologin "$user"
+  useradd --system --no-create-home --home-dir "$home" --shell /usr/sbin/nologin "$user"
+[ "$(getent passwd "$user" | cut -d: -f6)" = "$home" ] || usermod --home "$home" "$user"
 
 rm -rf "$dest"
 install -d -m 755 "$dest" "$dest/libexec/brenlow" "$dest/cli" "$dest/tests" "$dest/share/brenlow"
+install -d -m 700 -o "$user" "$home"
 cp -r "$source/resources/linux" "$dest/share/brenlow/"
 chmod -R a+rX "$dest/share"
 install -m 755 "$build/libexec/brenlow/brenlow-service" "$build/libexec/brenlow/brenlow-helper" \

@@ -69,7 +69,7 @@ private slots:
         useHelper(launcher,
                   helperPresent ? helperProgram : QStringLiteral("/nonexistent/brenlow-helper"));
         TestEnvironment env;
-        TreeBuilder tree;
+        TreeBuilder tree(TreeBuilder::Place::RealHome);
         loadSelected(env, tree,
                      {{QStringLiteral("a")},
                       {QStringLiteral("b"), QStringLiteral("gone1")},
@@ -115,7 +115,7 @@ private slots:
     void stopAfterAHelperRequest()
     {
         TestEnvironment env;
-        TreeBuilder tree;
+        TreeBuilder tree(TreeBuilder::Place::RealHome);
         loadSelected(env, tree,
                      {{QStringLiteral("gone")}, {QStringLiteral("a")}, {QStringLiteral("b")}});
         QFile::remove(tree.path(QStringLiteral("c0/gone")));
