@@ -1,6 +1,6 @@
 #include "helper/AllowList.h"
 
-#include "helper/SafeRemoval.h"
+#include "cleaner/core/FileRemoval.h"
 
 #include <QFile>
 #include <algorithm>
@@ -99,8 +99,7 @@ QByteArray AllowList::homeOf(uid_t uid)
     const passwd *pw = getpwuid(uid);
     if (!pw || !pw->pw_dir)
         return {};
-    QString why;
-    const auto home = SafeRemoval::normalized(pw->pw_dir, &why);
+    const auto home = FileRemoval::normalized(pw->pw_dir);
     if (!home || *home == "/" || *home == "/nonexistent")
         return {};
     for (const char *tree : kSystemTrees) {
@@ -127,8 +126,7 @@ QList<QByteArray> AllowList::volumeTrashes(const QList<QByteArray> &mounts,
 {
     QList<QByteArray> trashes;
     for (const QByteArray &mount : mounts) {
-        QString why;
-        const auto clean = SafeRemoval::normalized(mount, &why);
+        const auto clean = FileRemoval::normalized(mount);
         if (!clean)
             continue;
         const QByteArray base = *clean == "/" ? QByteArray() : *clean;

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "cleaner/core/ItemIdentity.h"
 #include "helper/AllowList.h"
 
 #include <QByteArray>
 #include <QString>
-#include <optional>
 
 // The helper's removal: absolute paths only, only inside the allow-list, and
-// no symbolic link followed on the way to the item or below it. Every refusal
-// is logged on standard error.
+// then the program's one removal routine, which follows no link and takes the
+// item only while it is what the scan saw. Every refusal is logged on
+// standard error.
 class SafeRemoval {
 public:
     struct Outcome {
@@ -17,11 +18,7 @@ public:
     };
 
     explicit SafeRemoval(AllowList allowed);
-    Outcome remove(const QByteArray &path) const;
-
-    // "/a//b/" -> "/a/b"; nothing for a relative path, an empty name, a NUL,
-    // or a "." or ".." step, which could lead a check astray.
-    static std::optional<QByteArray> normalized(const QByteArray &path, QString *why);
+    Outcome remove(const QByteArray &path, const ItemIdentity &expected) const;
 
 private:
     AllowList m_allowed;

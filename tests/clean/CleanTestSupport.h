@@ -108,21 +108,35 @@ private:
     QString m_errors;
 };
 
-// A helper operation with these folders, type and module.
-inline QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0)
+// A helper operation whose folders, type, module and identities are given.
+inline QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0,
+                              const IdentityMap &identities = {})
 {
-    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module});
+    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module,
+                                              Wire::identitiesToWire(identities)});
 }
 
-// A request of module 3 for these paths, each with a finder of its own.
+// What a scan would record of the item at a path now.
+inline ItemIdentity identityNow(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0 ? ItemIdentity::fromStat(st) : ItemIdentity();
+}
+
+// A removal of module 3 for these paths, each with what is there now as its
+// scan record.
 inline QCborMap deleteCall(const QList<QByteArray> &paths,
                            qint64 type = qint64(operationType::delete_))
 {
     QMap<QByteArray, QList<int>> folders;
+    IdentityMap identities;
     int finder = 0;
-    for (const QByteArray &p : paths)
+    for (const QByteArray &p : paths) {
         folders.insert(p, {0, finder++, 0});
-    return operationCall(Wire::wireFromPaths(folders), type, 3);
+        if (identityNow(p).isKnown())
+            identities.insert(p, identityNow(p));
+    }
+    return operationCall(Wire::wireFromPaths(folders), type, 3, identities);
 }
 
 // The status slots of a finished report, by path.

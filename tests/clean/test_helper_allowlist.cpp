@@ -183,8 +183,8 @@ private slots:
         useHelper(QString());
         Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
         const QByteArray path = "/nonexistent-brenlow/unknown";
-        service.send(
-            Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{path, {2, 5, 0}}}), 16, 6}));
+        service.send(Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{path, {2, 5, 0}}}),
+                                                         16, 6, Wire::identitiesToWire({})}));
         const auto answer = service.nextSkippingProgress();
         QVERIFY(answer);
         QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));

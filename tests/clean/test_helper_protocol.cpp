@@ -206,11 +206,11 @@ private slots:
         useHelper(launcher, helper);
         Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
         // An announcement is not answered; the request after it is.
-        service.send(
-            Wire::call(Wire::serviceOperation, {QCborMap(), qint64(operationType::start), 4}));
+        service.send(Wire::call(Wire::serviceOperation,
+                                {QCborMap(), qint64(operationType::start), 4, QCborMap()}));
         service.send(
             Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{"/tmp/x", {0, 0, 0}}}),
-                                                qint64(operationType::delete_), 4}));
+                                                qint64(operationType::delete_), 4, QCborMap()}));
         const auto answer = service.next();
         QVERIFY(answer);
         QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::installFail));
