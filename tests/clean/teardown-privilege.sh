@@ -3,15 +3,26 @@
 # copied programs. Safe to run again, and when nothing was set up. Ends with
 # a check: status 1 when the user or the rule is still there.
 #
-#   teardown-privilege.sh DEST_DIR
+#   teardown-privilege.sh [--wait] DEST_DIR
+# --wait: first wait for a test run that is using them (it locks the sudo
+# rules' folder meanwhile).
 set -uo pipefail
 
+wait=0
+if [ "$1" = --wait ]; then
+  wait=1
+  shift
+fi
 dest=$1
 user=brenlow-clean
 rule=/etc/sudoers.d/brenlow-clean-test
 
 if [ "${BRENLOW_PRIVILEGE_TESTS:-}" != 1 ] || [ "$(id -u)" -ne 0 ]; then
   exit 0 # nothing was set up by this run
+fi
+if [ $wait = 1 ] && [ -d /etc/sudoers.d ]; then
+  exec 9</etc/sudoers.d
+  flock 9
 fi
 rm -f "$rule" "$rule.new"
 if id -u "$user" >/dev/null 2>&1; then

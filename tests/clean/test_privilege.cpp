@@ -10,11 +10,15 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 
 using namespace CleanTest;
 
 const char kDest[] = "/tmp/brenlow-clean-test";
+// What the set-up changes, locked while a run uses it.
+const char kLock[] = "/etc/sudoers.d";
 
 class TestPrivilege : public QObject {
     Q_OBJECT
@@ -106,6 +110,11 @@ int main(int argc, char *argv[])
         const ssize_t n = readlink("/proc/self/exe", self, sizeof self - 1);
         self[n > 0 ? n : 0] = 0;
         const QByteArray scripts = "'" BRENLOW_TEST_SOURCE_DIR "/tests/clean/";
+        // One user and one sudo rule serve every checkout on the machine: a
+        // second run waits here until the first has removed them.
+        const int lock = ::open(kLock, O_RDONLY | O_CLOEXEC);
+        if (lock >= 0)
+            ::flock(lock, LOCK_EX);
         const int setup = shell("bash " + scripts + "setup-privilege.sh' '" +
                                 BRENLOW_TEST_BINARY_DIR "' '" + kDest + "' '" + self + "'");
         // Not asked to, or root without sudo or runuser, skips; any other
