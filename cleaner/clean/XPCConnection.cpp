@@ -58,7 +58,7 @@ void XPCConnection::send(const QCborMap &message, qint64 type, int moduleIndex)
 {
     const bool answered =
         type != qint64(operationType::start) && type != qint64(operationType::stop);
-    if (!m_process && !answered && type == qint64(operationType::stop)) {
+    if (!m_process && type == qint64(operationType::stop)) {
         // Whatever the module had out was answered when the service went.
         pipelineLogLine(
             QStringLiteral("XPCService Error: no service to stop module %1 on").arg(moduleIndex));
