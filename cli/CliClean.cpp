@@ -229,12 +229,17 @@ int CliCommands::printCleanResult(int module, int runStatus, bool json)
                             {QStringLiteral("size"), size},
                             {QStringLiteral("categories"), categoryRows},
                             {QStringLiteral("failures"), failureRows}};
-        printOut(QString::fromUtf8(QJsonDocument(o).toJson()));
+        QJsonObject shown = o;
+        if (runStatus == -2)
+            shown.insert(QStringLiteral("installFailure"), installFailureReason(module));
+        printOut(QString::fromUtf8(QJsonDocument(shown).toJson()));
     } else {
         printOut(QStringLiteral("%1: %2 items, %3\n")
                      .arg(getLocalizedString(QStringLiteral("Cleaned")))
                      .arg(number)
                      .arg(sizeText(size)));
+        if (runStatus == -2)
+            printOut(installFailureReason(module) + QLatin1Char('\n'));
         for (const QJsonValue &f : std::as_const(failureRows))
             printOut(QStringLiteral("  %1: %2\n")
                          .arg(f[QStringLiteral("path")].toString(),

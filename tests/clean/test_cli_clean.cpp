@@ -3,6 +3,7 @@
 
 #include "CleanTestSupport.h"
 #include "TestPaths.h"
+#include "cleaner/clean/KestalCleanManager.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -126,6 +127,70 @@ private slots:
               "locale/locale.alias", "man/man1/ls.1"})
             QVERIFY2(QFileInfo::exists(sandbox->path("root/usr/share/") + QLatin1String(kept)),
                      kept);
+    }
+
+    // An item vanishes while the command line asks for confirmation, so it
+    // goes to the helper; when the service or the launcher fails, the run
+    // ends with -2, the install failure's words and status 2.
+    void installFailuresReachTheCommandLine_data()
+    {
+        QTest::addColumn<QString>("service");
+        QTest::addColumn<QByteArray>("launcher"); // a script's body; empty: none
+        QTest::addColumn<bool>("json");
+        QTest::addColumn<QString>("failure");
+        QTest::newRow("service missing")
+            << "/nonexistent/brenlow-service" << QByteArray() << false
+            << KestalCleanManager::installFailureText(QStringLiteral("1000"));
+        QTest::newRow("launcher never returns")
+            << QString() << QByteArray("exec sleep 600") << true
+            << KestalCleanManager::installFailureText(QStringLiteral("1023"));
+    }
+
+    void installFailuresReachTheCommandLine()
+    {
+        QFETCH(QString, service);
+        QFETCH(QByteArray, launcher);
+        QFETCH(bool, json);
+        QFETCH(QString, failure);
+        TreeBuilder programs;
+        QProcessEnvironment env = environment();
+        // Unless told otherwise the program finds its service as installed.
+        env.remove(QStringLiteral("BRENLOW_SERVICE_PATH"));
+        if (!service.isEmpty())
+            env.insert(QStringLiteral("BRENLOW_SERVICE_PATH"), service);
+        if (!launcher.isEmpty())
+            env.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"),
+                       shellProgram(programs, "launcher", launcher));
+        env.insert(QStringLiteral("BRENLOW_HELPER_START_TIMEOUT_MS"), QStringLiteral("300"));
+        QProcess p;
+        p.setProcessEnvironment(env);
+        QStringList args{"clean", "System Junk", "--select", "all"};
+        if (json)
+            args.append(QStringLiteral("--json"));
+        p.start(cliProgram, args);
+        QString errors;
+        QVERIFY(QTest::qWaitFor(
+            [&] {
+                p.waitForReadyRead(10);
+                errors += QString::fromLocal8Bit(p.readAllStandardError());
+                return errors.contains(QLatin1String("[y/N]"));
+            },
+            30000));
+        QVERIFY(QFile::remove(sandbox->path(QStringLiteral("root/var/crash/app.crash"))));
+        p.write("y\n");
+        p.closeWriteChannel();
+        QVERIFY(p.waitForFinished(30000));
+        QCOMPARE(p.exitCode(), 2);
+        const QByteArray out = p.readAllStandardOutput();
+        if (json) {
+            const QJsonObject o = QJsonDocument::fromJson(out).object();
+            QCOMPARE(o[QStringLiteral("status")].toInt(), -2);
+            QCOMPARE(o[QStringLiteral("installFailure")].toString(), failure);
+        } else {
+            QVERIFY2(QString::fromLocal8Bit(out).contains(failure), out.constData());
+        }
+        // What the process could remove went.
+        QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("home/.cache/app/a"))));
     }
 
     void refusesBadUsage_data()
