@@ -44,32 +44,6 @@ private slots:
         QCOMPARE(TerminalText::escapedBytes(bytes), shown);
     }
 
-    void decodedTextIsEscapedTheSame()
-    {
-        const QByteArray bytes("a\n\x1b[0m\xc2\x85\xe2\x81\xa6z\\");
-        QCOMPARE(TerminalText::escaped(QString::fromUtf8(bytes)),
-                 TerminalText::escapedBytes(bytes));
-    }
-
-    void utf8Validity_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("ascii with controls") << QByteArray("a\n\x1b") << true;
-        QTest::newRow("two, three, four bytes")
-            << QByteArray("\xc3\xa9\xe2\x80\xae\xf0\x9f\x98\x80") << true;
-        QTest::newRow("latin-1 byte") << QByteArray("caf\xe9") << false;
-        QTest::newRow("overlong") << QByteArray("\xe0\x80\xaf") << false;
-        QTest::newRow("surrogate") << QByteArray("\xed\xbf\xbf") << false;
-        QTest::newRow("cut at the end") << QByteArray("ok\xf0\x9f\x98") << false;
-    }
-    void utf8Validity()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, valid);
-        QCOMPARE(TerminalText::isUtf8(bytes), valid);
-    }
-
     // JSON keeps the exact name, but nothing in its text may act on a terminal.
     void jsonKeepsValuesAndStaysInert()
     {
