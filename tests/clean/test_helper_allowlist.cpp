@@ -19,7 +19,7 @@ int removeThroughHelper(
     const QByteArray &path, QString *log = nullptr,
     const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
 {
-    Peer helper(helperProgram, {}, environment);
+    Peer helper(helperProgram, {}, false, environment);
     helper.send(deleteCall({path}));
     const auto report = helper.nextSkippingProgress();
     if (!report || report->value(QStringLiteral("sel")).toString() != QLatin1String(Wire::finished))
