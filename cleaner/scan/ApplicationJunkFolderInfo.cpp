@@ -210,8 +210,8 @@ ApplicationJunkFolderInfo::getLanguagesInfoList(const QString &curl, const Progr
             if (app->size > 0) {
                 app->findex = int(apps.size());
                 total += app->size;
+                postProgress(progress, pathOf(entry), app->size);
                 apps.append(std::move(app));
-                postProgress(progress, pathOf(entry), 0);
             }
         }
         postPercent(showPercent, step);
@@ -342,7 +342,9 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
 {
     QList<FolderInfoPtr> backups;
     qint64 total = 0;
-    const FolderInfoPtr root = folderInfo(url, true, progress);
+    // Only the backups are reported, so that the size a scan shows is the
+    // size it finds.
+    const FolderInfoPtr root = folderInfo(url, true, nullptr);
     if (!root)
         return {backups, total};
     if (root->children.isEmpty()) {
@@ -362,6 +364,7 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
                 QStringLiteral("iTunesJunk"), child->size, QColor(), false,
                 date.isValid() ? date : distantPast(), child->url, false, {}, false, 0, QString()));
             total += child->size;
+            postProgress(progress, pathOf(pathBytes(child->url)), child->size);
         }
         postPercent(showPercent, step);
     }
