@@ -157,10 +157,11 @@ Qt::ItemFlags KestalTopDetailLeftTableView::flags(const QModelIndex &index) cons
 
 void KestalTopDetailLeftTableView::setCategoryState(int moduleIndex, int categoryIndex, int state)
 {
-    // Every file in one pass (file index -1), not one file at a time, which
-    // would roll the state up once per file.
+    // Every file and its children in one pass (file and child index -1),
+    // not one file at a time, which would roll the state up once per file.
     const bool hasFiles =
         !AppModuleService::categoriesOf(moduleIndex).at(categoryIndex).files.isEmpty();
     AppModuleService::updateState(state, moduleIndex, categoryIndex,
-                                  hasFiles ? std::optional<int>(-1) : std::nullopt, std::nullopt);
+                                  hasFiles ? std::optional<int>(-1) : std::nullopt,
+                                  hasFiles ? std::optional<int>(-1) : std::nullopt);
 }
