@@ -5,7 +5,7 @@ of nine files each and 10,000 loose files, so that the review lists 20,000
 rows. Sizes are random up to 8 KiB, written as sparse files. The window's
 figures come from brenlow-bench-gui (click to drawn, under the X server
 this runs in); the command line's is the wall time of `brenlow-cli scan 1`
-over the same home, process start included. Median of five runs each, the
+over the same home, process start included. Median of seven runs each, the
 two taking turns, after one warm-up run of each.
 
     python3 bench/gui.py BUILD_DIR
@@ -61,9 +61,10 @@ def gui_ms():
 
 
 make_home()
+RUNS = 7
 cli_ms(), gui_ms()  # warm the page cache and the settings
 cli_runs, gui_runs = [], []
-for _ in range(5):
+for _ in range(RUNS):
     cli_runs.append(cli_ms())
     gui_runs.append(gui_ms())
 median = {key: statistics.median(run[key] for run in gui_runs) for key in gui_runs[0]}
@@ -89,7 +90,7 @@ rows = [
 print("## The window at scale\n")
 print("System Junk over a home whose `~/.cache` holds 100,000 files in 10,000")
 print(f"folders (the review lists {int(median['rows']):,} rows), under Xvfb with the xcb")
-print(f"platform, median of five runs, on {os.cpu_count()} cores")
+print(f"platform, median of {RUNS} runs, on {os.cpu_count()} cores")
 print(f"({platform.system()} {platform.release()}).\n")
 print("| step | median ms | goal | |")
 print("|---|---|---|---|")
