@@ -21,7 +21,13 @@ import time
 build = sys.argv[1]
 home = os.environ.get("BENCH_HOME", "/tmp/brenlow-bench-home")
 probe = os.path.join(build, "bench", "brenlow-bench-gui")
-cli = os.path.join(build, "cli", "brenlow-cli")
+# Programs build into bin/ beside libexec/; older build folders keep the
+# command line in cli/.
+cli = next((path for path in (os.path.join(build, "bin", "brenlow-cli"),
+                              os.path.join(build, "cli", "brenlow-cli"))
+            if os.access(path, os.X_OK)), None)
+if cli is None:
+    sys.exit(f"build first: brenlow-cli is missing in {build}")
 
 
 def make_home():
