@@ -19,8 +19,13 @@ if [ "$(id -u)" -ne 0 ] || ! command -v sudo >/dev/null || ! command -v runuser 
   echo "setup-privilege: needs root, sudo and runuser" >&2
   exit 77
 fi
+home=/var/lib/$user
 id -u "$user" >/dev/null 2>&1 ||
-  useradd --system --no-create-home --home-dir /nonexistent --shell /usr/sbin/nologin "$user"
+  useradd --system --no-create-home --home-dir "$home" --shell /usr/sbin/nologin "$user"
+# The property cases build their trees in the user's real home, where the
+# helper acts for that user.
+[ "$(getent passwd "$user" | cut -d: -f6)" = "$home" ] || usermod --home "$home" "$user"
+install -d -o "$user" -g "$(id -gn "$user")" -m 700 "$home"
 
 rm -rf "$dest"
 install -d -m 755 "$dest" "$dest/libexec/brenlow" "$dest/cli" "$dest/tests" "$dest/share/brenlow"

@@ -30,8 +30,6 @@ private slots:
     void init() { useHelper(QString()); }
     void cleanupTestCase() { XPCUtil::shutdown(); }
 
-    void propertyInProcess() { RandomClean::rounds(1, 13, false); }
-
     void stopBeforeTheFirstItem()
     {
         TestEnvironment env;
