@@ -105,7 +105,8 @@ public:
     QByteArray summary() const
     {
         return QByteArray(viaPipeline ? "cleaned through the pipeline" : "cleaned by the helper") +
-               (swapped.isEmpty() ? QByteArray(", no swap") : ", swapped " + shown(swapped));
+               (swapped.isEmpty() ? QByteArray(", no swap")
+                                  : ", swapped " + shown(swapped.mid(area.path().size())));
     }
 
 private:
@@ -479,8 +480,11 @@ int rounds(quint32 first, int count, const Options &options)
     if (single) {
         first = seed;
         count = 1;
-    } else if (qEnvironmentVariableIsSet("BRENLOW_SAFETY_CASES")) {
-        count = qEnvironmentVariableIntValue("BRENLOW_SAFETY_CASES");
+    } else {
+        if (qEnvironmentVariableIsSet("BRENLOW_SAFETY_FIRST"))
+            first = qEnvironmentVariable("BRENLOW_SAFETY_FIRST").toUInt();
+        if (qEnvironmentVariableIsSet("BRENLOW_SAFETY_CASES"))
+            count = qEnvironmentVariableIntValue("BRENLOW_SAFETY_CASES");
     }
     std::unique_ptr<Peer> helper;
     for (int i = 0; i < count; ++i) {

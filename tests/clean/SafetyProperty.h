@@ -23,8 +23,9 @@ struct Options {
 };
 
 // Runs `count` cases from seed `first`; BRENLOW_SAFETY_SEED runs that one seed
-// instead and BRENLOW_SAFETY_CASES sets the count. The first failure fails the
-// running test with its seed. Returns the number of cases run.
+// instead, BRENLOW_SAFETY_FIRST and BRENLOW_SAFETY_CASES set the first seed
+// and the count. The first failure fails the running test with its seed.
+// Returns the number of cases run.
 int rounds(quint32 first, int count, const Options &options);
 
 // Where the cases build their trees: `.cache/brenlow-tests` in the real home
