@@ -100,7 +100,8 @@ void ServiceTool::connectWithModuleIndex(qint64 moduleIndex, ValueReply reply)
 
 void ServiceTool::disconnect() {}
 
-void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex)
+void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                                       const QCborMap &identities)
 {
     const int module = int(moduleIndex);
     if (type == qint64(operationType::stop) && m_state != State::Ready) {
@@ -116,8 +117,8 @@ void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qin
         }
         if (type != qint64(operationType::start) && type != qint64(operationType::stop))
             m_inFlight[module] += 1;
-        sendToHelper(Wire::call(Wire::helperOperation,
-                                {folders, QCborValue(QCborValue::Null), type, moduleIndex}));
+        sendToHelper(Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type,
+                                                        moduleIndex, identities}));
     });
 }
 

@@ -22,7 +22,8 @@ public:
     void installHelperToolWithReply(ValueReply reply) override;
     void connectWithModuleIndex(qint64 moduleIndex, ValueReply reply) override;
     void disconnect() override;
-    void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex) override;
+    void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                              const QCborMap &identities) override;
 
     // Where the helper is: BRENLOW_HELPER_PATH, else beside this program.
     static QString helperPath();

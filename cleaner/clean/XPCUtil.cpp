@@ -194,7 +194,7 @@ XPCConnection *XPCUtil::xpcServiceConnection()
 
 void XPCUtil::operation(const PathMap &folder,
                         std::shared_ptr<DeleteFilesProgressProtocol> progress, qint64 type,
-                        int moduleIndex)
+                        int moduleIndex, const IdentityMap &identities)
 {
     {
         QMutexLocker lock(&m_lock);
@@ -205,7 +205,8 @@ void XPCUtil::operation(const PathMap &folder,
     }
     XPCConnection *connection = xpcServiceConnection();
     const QCborMap message =
-        Wire::call(Wire::serviceOperation, {Wire::foldersToWire(folder), type, moduleIndex});
+        Wire::call(Wire::serviceOperation, {Wire::foldersToWire(folder), type, moduleIndex,
+                                            Wire::identitiesToWire(identities)});
     QMetaObject::invokeMethod(
         connection, [connection, message] { connection->send(message); }, Qt::QueuedConnection);
 }

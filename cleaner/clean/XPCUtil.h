@@ -33,9 +33,10 @@ public:
     static QString servicePath();
 
     // Sends a request. A present `progress` becomes the module's receiver,
-    // an absent one removes it.
+    // an absent one removes it. A removal carries what the scan saw of each
+    // path; the helper refuses a path without it.
     void operation(const PathMap &folder, std::shared_ptr<DeleteFilesProgressProtocol> progress,
-                   qint64 type, int moduleIndex);
+                   qint64 type, int moduleIndex, const IdentityMap &identities = {});
 
     // The receiving side.
     void processed(const QString &url, qint64 size, int moduleIndex) override;

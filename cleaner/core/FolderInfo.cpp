@@ -103,11 +103,13 @@ void FolderInfo::postPercent(const ShowPercent &showPercent, float value)
 
 FolderInfoPtr FolderInfo::nodeFromValues(const ResourceValues &values, int findex, int checked)
 {
-    return make(
+    FolderInfoPtr node = make(
         findex, values.localizedName, QString(), values.fileSize.value_or(0), QColor(),
         values.isDirectory,
         values.contentModificationDate.isValid() ? values.contentModificationDate : distantPast(),
         urlFromPath(values.path), values.isPackage, {}, values.isHidden, checked, QString());
+    node->identity = values.identity;
+    return node;
 }
 
 namespace {
@@ -378,8 +380,10 @@ QString FolderInfo::getUserHomeDirectory()
 
 bool FolderInfo::deleteFile(const QUrl &url)
 {
-    const QByteArray path = pathBytes(url);
-    if (!FileRemoval::isDeletable(path))
-        return false;
-    return FileRemoval::removeItem(path) == 0;
+    return FileRemoval::removeItem(pathBytes(url)).removed();
+}
+
+FileRemoval::Result FolderInfo::deleteFile(const QByteArray &path, const ItemIdentity &expected)
+{
+    return FileRemoval::removeListed(path, expected);
 }

@@ -182,6 +182,9 @@ FolderInfoPtr ApplicationJunkFolderInfo::matchLanguage(const QUrl &url,
                    QUrl(QStringLiteral("~/.nonepath")), false, {}, false, 0, QString());
     app->children = std::move(children);
     app->size = total;
+    // The application (or system folder) holds far more than its language
+    // folders: a clean takes those and never the folder itself.
+    app->isContainer = true;
     return app;
 }
 
@@ -361,6 +364,8 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
                     d.value(QStringLiteral("Product Name")).toString(),
                 QStringLiteral("iTunesJunk"), child->size, QColor(), false,
                 date.isValid() ? date : distantPast(), child->url, false, {}, false, 0, QString()));
+            // Shown as one item, removed as the folder the walk saw.
+            backups.last()->identity = child->identity;
             total += child->size;
         }
         postPercent(showPercent, step);

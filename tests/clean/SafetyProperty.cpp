@@ -345,13 +345,18 @@ private:
         CleanRun planning;
         QVERIFY(planning.cleanToEnd(0, true));
         PathMap request;
+        IdentityMap identities; // what the scan saw, as the pipeline sends it
         for (const cleanCategory &c : KestalModuleCleanService::cleanInfoDict().value(0)) {
             for (const cleanFolder &entry : c.folders) {
                 if (entry.children.isEmpty())
-                    request.insert(entry.folder->absoluteString(), {c.ci, entry.finder, 0});
+                    request.insert(entry.key, {c.ci, entry.finder, 0});
                 for (const cleanFolder &child : entry.children)
-                    request.insert(child.folder->absoluteString(),
-                                   {c.ci, entry.finder, child.finder, 0});
+                    request.insert(child.key, {c.ci, entry.finder, child.finder, 0});
+                for (const cleanFolder &item :
+                     entry.children.isEmpty() ? QList{entry} : entry.children) {
+                    if (item.identity.isKnown())
+                        identities.insert(item.path, item.identity);
+                }
             }
         }
         QMap<QByteArray, int> statuses;
@@ -360,7 +365,8 @@ private:
                 helper = std::make_unique<Peer>(helperProgram);
             helper->send(Wire::call(Wire::helperOperation,
                                     {Wire::foldersToWire(request), QCborValue(QCborValue::Null),
-                                     qint64(operationType::delete_), 0}));
+                                     qint64(operationType::delete_), 0,
+                                     Wire::identitiesToWire(identities)}));
             const auto report = helper->nextSkippingProgress();
             QVERIFY2(report, qPrintable(helper->errors()));
             QCOMPARE(report->value(QStringLiteral("sel")).toString(),
@@ -382,7 +388,7 @@ private:
                 const QList<cleanFolder> items =
                     entry.children.isEmpty() ? QList<cleanFolder>{entry} : entry.children;
                 for (const cleanFolder &item : items) {
-                    const QByteArray path = pathOf(item.folder);
+                    const QByteArray path = trimmed(item.path);
                     const int status = reported.isEmpty() ? item.status : reported.value(path);
                     planned.append({path, status == 1 || status == 999});
                 }

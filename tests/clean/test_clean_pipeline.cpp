@@ -141,6 +141,47 @@ private slots:
         QCOMPARE(AppModuleService::categoriesOf(0)[2].files.size(), 1);
     }
 
+    // The listed items' folder is swapped for a link after the scan, to a
+    // folder holding the same names: nothing behind the link goes, in
+    // process or through the helper, and the items fail.
+    void swappedFolderLeadsNowhere_data()
+    {
+        QTest::addColumn<bool>("swapItem");
+        QTest::newRow("the category's folder became a link") << false;
+        QTest::newRow("a listed folder became a link") << true;
+    }
+
+    void swappedFolderLeadsNowhere()
+    {
+        QFETCH(bool, swapItem);
+        TestEnvironment env;
+        TreeBuilder tree;
+        TreeBuilder outside;
+        loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("b")}});
+        outside.file(QStringLiteral("a/inner"), 11);
+        outside.file(QStringLiteral("b"), 11);
+        const QString swapped = swapItem ? tree.path(QStringLiteral("c0/a")) : tree.path("c0");
+        if (swapItem) {
+            QFile::remove(swapped);
+            tree.symlink(QStringLiteral("c0/a"), outside.path(QStringLiteral("a")));
+        } else {
+            QVERIFY(QFile::rename(swapped, tree.path(QStringLiteral("c0-scanned"))));
+            tree.symlink(QStringLiteral("c0"), outside.root());
+        }
+        const QMap<QByteArray, QByteArray> untouched = snapshot(outside.root());
+
+        CleanRun run;
+        QVERIFY(run.cleanToEnd(0));
+        QCOMPARE(snapshot(outside.root()), untouched);
+        QCOMPARE(run.reports.first().status, 3);
+        QVERIFY(!run.reports.first().result);
+        const QList<cleanFolder> &items =
+            KestalModuleCleanService::cleanInfoDict().value(0).first().folders;
+        QCOMPARE(items[0].status, 3);
+        // The untouched sibling goes only where its folder is still the scanned one.
+        QCOMPARE(items[1].status, swapItem ? 1 : 3);
+    }
+
     void editionWithoutAFileNameStops()
     {
         TestEnvironment env;

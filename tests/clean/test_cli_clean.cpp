@@ -104,6 +104,30 @@ private slots:
         QCOMPARE(after, expected);
     }
 
+    // Language Files lists the system's language trees as nodes whose
+    // children are the unused languages: ticking everything takes those
+    // children and never the trees, which hold the kept languages too.
+    void takesLanguageFoldersNotTheirTrees()
+    {
+        for (const char *kept :
+             {"root/usr/share/locale/en/LC_MESSAGES/app.mo",
+              "root/usr/share/locale/C.UTF-8/LC_MESSAGES/app.mo",
+              "root/usr/share/locale/locale.alias", "root/usr/share/man/man1/ls.1"})
+            sandbox->file(QLatin1String(kept), 10);
+        for (const char *junk :
+             {"locale/de/LC_MESSAGES/app.mo", "locale/fr/LC_MESSAGES/app.mo", "man/de/man1/ls.1"})
+            sandbox->file(QStringLiteral("root/usr/share/") + QLatin1String(junk), 10);
+        QCOMPARE(cli({"--select", "all", "--yes", "--json"}).exitCode, 0);
+        for (const char *gone : {"locale/de", "locale/fr", "man/de"})
+            QVERIFY2(!QFileInfo::exists(sandbox->path("root/usr/share/") + QLatin1String(gone)),
+                     gone);
+        for (const char *kept :
+             {"locale/en/LC_MESSAGES/app.mo", "locale/C.UTF-8/LC_MESSAGES/app.mo",
+              "locale/locale.alias", "man/man1/ls.1"})
+            QVERIFY2(QFileInfo::exists(sandbox->path("root/usr/share/") + QLatin1String(kept)),
+                     kept);
+    }
+
     void refusesBadUsage_data()
     {
         QTest::addColumn<QStringList>("args");

@@ -30,19 +30,33 @@ QByteArray frameOf(const QByteArray &body)
     return frame + body;
 }
 
-// A helper operation whose first and third arguments are given.
-QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0)
+// A helper operation whose folders, type, module and identities are given.
+QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0,
+                       const IdentityMap &identities = {})
 {
-    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module});
+    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module,
+                                              Wire::identitiesToWire(identities)});
 }
 
+// What a scan would record of the item at a path now.
+ItemIdentity identityNow(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0 ? ItemIdentity::fromStat(st) : ItemIdentity();
+}
+
+// A removal of these paths, each with what is there now as its scan record.
 QCborMap deleteCall(const QList<QByteArray> &paths, qint64 type = qint64(operationType::delete_))
 {
     QMap<QByteArray, QList<int>> folders;
+    IdentityMap identities;
     int finder = 0;
-    for (const QByteArray &p : paths)
+    for (const QByteArray &p : paths) {
         folders.insert(p, {0, finder++, 0});
-    return operationCall(Wire::wireFromPaths(folders), type, 3);
+        if (identityNow(p).isKnown())
+            identities.insert(p, identityNow(p));
+    }
+    return operationCall(Wire::wireFromPaths(folders), type, 3, identities);
 }
 
 } // namespace
@@ -257,11 +271,11 @@ private slots:
         useHelper(launcher, helper);
         Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
         // An announcement is not answered; the request after it is.
-        service.send(
-            Wire::call(Wire::serviceOperation, {QCborMap(), qint64(operationType::start), 4}));
+        service.send(Wire::call(Wire::serviceOperation,
+                                {QCborMap(), qint64(operationType::start), 4, QCborMap()}));
         service.send(
             Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{"/tmp/x", {0, 0, 0}}}),
-                                                qint64(operationType::delete_), 4}));
+                                                qint64(operationType::delete_), 4, QCborMap()}));
         const auto answer = service.next();
         QVERIFY(answer);
         QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::installFail));
