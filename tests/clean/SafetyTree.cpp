@@ -46,11 +46,12 @@ bool setImmutable(const QByteArray &path, bool on)
 
 SafetyArea::SafetyArea(const QByteArray &parent)
 {
-    if (parent.isEmpty() || !QDir().mkpath(QFile::decodeName(parent)))
-        return;
-    QByteArray templ = parent + "/XXXXXX";
-    if (mkdtemp(templ.data()))
-        m_path = templ;
+    // Another run's last case may take the parent away between the two steps.
+    for (int attempt = 0; attempt < 3 && m_path.isEmpty() && !parent.isEmpty(); ++attempt) {
+        QByteArray templ = parent + "/XXXXXX";
+        if (QDir().mkpath(QFile::decodeName(parent)) && mkdtemp(templ.data()))
+            m_path = templ;
+    }
 }
 
 SafetyArea::~SafetyArea()
