@@ -21,9 +21,10 @@ QString displayPath(const QByteArray &path)
     return ResourceValues::displayName(path);
 }
 
+// Diagnostics of a walk: standard output belongs to the results.
 void printLine(const char *text, const QString &what)
 {
-    std::printf("%s%s\n", text, what.toLocal8Bit().constData());
+    std::fprintf(stderr, "%s%s\n", text, what.toLocal8Bit().constData());
 }
 
 } // namespace

@@ -409,7 +409,9 @@ void KestalRightBottomViewController::detailViewCleanAction()
             if (status == helperNotAvailable)
                 bar->showAlert(getLocalizedString(QStringLiteral(
                                    "Some items need administrator rights, and the helper that "
-                                   "removes them could not be started. The log lists them.")),
+                                   "removes them could not be started. The log lists them.")) +
+                                   QStringLiteral("\n\n") +
+                                   installFailureReason(bar->m_moduleIndex),
                                true);
         });
     const int module = m_moduleIndex;
