@@ -19,7 +19,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-TestEnvironment::TestEnvironment(const QString &profile) : m_profile(profile)
+TestEnvironment::TestEnvironment(const QString &profile) : TestEnvironment(profile, QString()) {}
+
+TestEnvironment::TestEnvironment(const QString &profile, const QString &parentFolder)
+    : m_profile(profile),
+      m_root(parentFolder.isEmpty() ? QDir::tempPath() + QStringLiteral("/brenlow-root-XXXXXX")
+                                    : parentFolder + QStringLiteral("/root-XXXXXX"))
 {
     m_oldHome = qgetenv("HOME");
     qputenv("BRENLOW_PLATFORM", profile.toUtf8());
