@@ -1,6 +1,7 @@
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cli/CliCommands.h"
@@ -79,9 +80,12 @@ bool applySelection(const CleanOptions &o, QString *missing)
     return true;
 }
 
-bool confirmed()
+bool confirmed(int module)
 {
-    std::fprintf(stderr, "%s [y/N] ",
+    // The same figures as the window's confirmation, from the same selection.
+    const auto [size, number] = AppModuleService::calculateModuleSizeAndNumber(module);
+    std::fprintf(stderr, "%s\n%s [y/N] ",
+                 ByteCount::removalSummary(number, qint64(size)).toLocal8Bit().constData(),
                  getLocalizedString(QStringLiteral("Are you sure to delete selected files?"))
                      .toLocal8Bit()
                      .constData());
@@ -164,7 +168,7 @@ int CliCommands::clean(const QStringList &args)
     QString missing;
     if (!applySelection(o, &missing))
         return usage(QStringLiteral("the scan did not list \"%1\"").arg(missing));
-    if (!o.yes && !confirmed())
+    if (!o.yes && !confirmed(o.module))
         return 1;
 
     int runStatus = 0;

@@ -1,13 +1,13 @@
 #include "cli/CliCommands.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cli/JsonOutput.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLocale>
 #include <QTextStream>
 #include <cstdio>
 
@@ -18,7 +18,7 @@ void CliCommands::printOut(const QString &text)
 
 QString CliCommands::sizeText(qint64 bytes)
 {
-    return QLocale::system().formattedDataSize(bytes);
+    return ByteCount::string(bytes);
 }
 
 int CliCommands::usage(const QString &reason)
