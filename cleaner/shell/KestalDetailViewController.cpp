@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/shell/ElidedLabel.h"
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
@@ -130,7 +131,7 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     m_rightTitle = new QLabel(this);
     UIUtil::setTextAttribute(m_rightTitle,
                              UIInfo::nsMyUI(QStringLiteral("detail_list_title_font")));
-    m_rightDesc = new QLabel(this);
+    m_rightDesc = new ElidedLabel(this);
     m_rightDesc->setTextInteractionFlags(Qt::TextSelectableByMouse);
     UIUtil::setTextAttribute(m_rightDesc, UIInfo::nsMyUI(QStringLiteral("detail_list_size_font")));
     m_allDetail = new QCheckBox(this);
@@ -431,11 +432,11 @@ void KestalDetailViewController::updateRightTopDescInfo()
     const int fi = item ? item->data(0, fileRole).toInt() : -1;
     if (fi < 0 || fi >= files.size()) {
         m_rightTitle->setText(getLocalizedString(QStringLiteral("Empty")));
-        m_rightDesc->clear();
+        m_rightDesc->setFullText(QString());
         return;
     }
     m_rightTitle->setText(files[fi]->name);
-    m_rightDesc->setText(files[fi]->url.toLocalFile());
+    m_rightDesc->setFullText(files[fi]->url.toLocalFile());
 }
 
 void KestalDetailViewController::sort(const QString &sortDirection, const QString &sortby)

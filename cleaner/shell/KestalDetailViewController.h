@@ -4,6 +4,7 @@
 #include "cleaner/core/ModuleTypes.h"
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class ElidedLabel;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -87,7 +88,7 @@ private:
     QTreeWidget *m_left;
     QTreeWidget *m_right;
     QLabel *m_rightTitle;
-    QLabel *m_rightDesc;
+    ElidedLabel *m_rightDesc;
     QCheckBox *m_allDetail;
     QPushButton *m_back;
 };

@@ -2,6 +2,7 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class ElidedLabel;
 class QLabel;
 class QProgressBar;
 class QVBoxLayout;
@@ -30,7 +31,6 @@ public:
 
 protected:
     void reloadTexts() override { updateView(); }
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     // Sets every widget from the state.
@@ -40,7 +40,6 @@ private:
     viewStatus m_status = viewStatus::overview;
     float m_percent = 0;
     QString m_scanDescription;
-    QString m_path;
 
     QLabel *m_image;
     QLabel *m_title;
@@ -49,5 +48,5 @@ private:
     QList<QLabel *> m_featureTexts;
     QWidget *m_scanning;
     QProgressBar *m_progress;
-    QLabel *m_pathLabel;
+    ElidedLabel *m_pathLabel;
 };
