@@ -164,10 +164,6 @@ private slots:
         // Keys without an address have no entry, nor the newsletter its window.
         for (const char *key : {"feedback_link", "product_link", "facebook_link"})
             QVERIFY2(!delegate.linkItem(key)->isVisible(), key);
-        const QList<QAction *> entries = delegate.menus().at(2)->actions();
-        QVERIFY(std::none_of(entries.begin(), entries.end(), [](QAction *entry) {
-            return entry->isVisible() && entry->text() == getLocalizedString("Subscribe to News…");
-        }));
         const QWidgetList windows = QApplication::topLevelWidgets();
         QVERIFY(std::none_of(windows.begin(), windows.end(), [](QWidget *w) {
             return w->isVisible() && qobject_cast<KestalFirstLoginViewController *>(w);

@@ -13,9 +13,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QProcess>
-#include <QPushButton>
-#include <QTextDocument>
-#include <cmath>
 
 using viewStatus = KestalSuperViewController::viewStatus;
 
@@ -23,21 +20,6 @@ namespace {
 
 constexpr int systemJunk = 1;
 const QChar ellipsis(0x2026);
-
-int textWidth(const QWidget *widget, const QString &text)
-{
-    if (Qt::mightBeRichText(text)) {
-        QTextDocument document;
-        document.setDocumentMargin(0);
-        document.setDefaultFont(widget->font());
-        document.setHtml(text);
-        return int(std::ceil(document.idealWidth()));
-    }
-    int widest = 0;
-    for (const QString &line : text.split(QLatin1Char('\n')))
-        widest = qMax(widest, widget->fontMetrics().horizontalAdvance(line));
-    return widest;
-}
 
 // The labels and buttons on screen whose text does not fit, described.
 QStringList clippedTexts(QWidget *top)
@@ -56,17 +38,14 @@ QStringList clippedTexts(QWidget *top)
         // A path cut on purpose carries the whole path as its tool tip.
         if (label->text().contains(ellipsis) && !label->toolTip().isEmpty())
             continue;
-        report(label, label->text(), textWidth(label, label->text()),
-               label->contentsRect().width() - 2 * label->margin());
+        int needed = 0;
+        for (const QString &line : label->text().split(QLatin1Char('\n')))
+            needed = qMax(needed, label->fontMetrics().horizontalAdvance(line));
+        report(label, label->text(), needed, label->contentsRect().width() - 2 * label->margin());
     }
+    // A button gets at least its natural size: text, icon, padding and frame.
     for (QAbstractButton *button : top->findChildren<QAbstractButton *>()) {
-        if (!button->isVisibleTo(top) || button->text().isEmpty())
-            continue;
-        const int icon = button->icon().isNull() ? 0 : button->iconSize().width() + 4;
-        report(button, button->text(), textWidth(button, button->text()) + icon,
-               button->contentsRect().width());
-        // A push button gets at least its natural size: padding and frame included.
-        if (qobject_cast<QPushButton *>(button))
+        if (button->isVisibleTo(top) && !button->text().isEmpty())
             report(button, button->text(), button->sizeHint().width(), button->width());
     }
     return clipped;
