@@ -332,6 +332,10 @@
             <translation>Mailanhänge werden gescannt aus</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Zwischengespeicherte E-Mails werden gescannt aus</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 Byte</translation>
         </message>

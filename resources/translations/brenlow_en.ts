@@ -332,6 +332,10 @@
             <translation>Scanning Mail Attachments From</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Scanning Cached Mail From</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 byte</translation>
         </message>

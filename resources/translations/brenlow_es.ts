@@ -332,6 +332,10 @@
             <translation>Analizando adjuntos de correo de</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Analizando el correo en caché de</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 byte</translation>
         </message>

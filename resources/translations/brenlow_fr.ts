@@ -332,6 +332,10 @@
             <translation>Analyse des pièces jointes de</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Analyse du courrier en cache de</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 octet</translation>
         </message>

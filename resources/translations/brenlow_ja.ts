@@ -332,6 +332,10 @@
             <translation>メールの添付ファイルをスキャン中:</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>キャッシュされたメールをスキャン中：</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 バイト</translation>
         </message>

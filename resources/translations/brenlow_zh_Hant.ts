@@ -332,6 +332,10 @@
             <translation>正在掃描郵件附件：</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>正在掃描快取郵件：</translation>
+        </message>
+        <message>
             <source>1 byte</source>
             <translation>1 位元組</translation>
         </message>
