@@ -56,7 +56,8 @@ void HelperTool::exitWithCode(qint64 code)
     QCoreApplication::exit(int(code));
 }
 
-void HelperTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex)
+void HelperTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                                      const QCborMap &identities)
 {
     const int module = int(moduleIndex);
     quint64 sequence;
@@ -77,7 +78,9 @@ void HelperTool::operationWithFolders(const QCborMap &folders, qint64 type, qint
     case operationType::shredder:
     case operationType::move:
     case operationType::usb:
-        m_queue.async([=, this] { carryOut(folders, type, module, sequence); });
+        m_queue.async([=, this] {
+            carryOut(folders, Wire::wireIdentities(identities), type, module, sequence);
+        });
         return;
     }
     refuse(QStringLiteral("unknown operation type %1").arg(type));
@@ -89,7 +92,8 @@ bool HelperTool::stopped(int moduleIndex, quint64 sequence)
     return m_stopBefore.value(moduleIndex) > sequence;
 }
 
-void HelperTool::carryOut(const QCborMap &folders, qint64 type, int moduleIndex, quint64 sequence)
+void HelperTool::carryOut(const QCborMap &folders, const IdentityMap &identities, qint64 type,
+                          int moduleIndex, quint64 sequence)
 {
     QMap<QByteArray, QList<int>> paths = Wire::wirePaths(folders);
     bool allGone = true;
@@ -103,7 +107,7 @@ void HelperTool::carryOut(const QCborMap &folders, qint64 type, int moduleIndex,
         } else {
             struct stat st;
             const qint64 size = lstat(it.key().constData(), &st) == 0 ? qint64(st.st_size) : 0;
-            status = m_removal.remove(it.key()).status;
+            status = m_removal.remove(it.key(), identities.value(it.key())).status;
             if (status == int(errorKind::success))
                 m_channel.send(Wire::processedCall(it.key(), size, moduleIndex));
         }

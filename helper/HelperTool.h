@@ -19,12 +19,14 @@ public:
     void getVersionWithReply(TextReply reply) override;
     void uninstall() override;
     void exitWithCode(qint64 code) override;
-    void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex) override;
+    void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                              const QCborMap &identities) override;
 
 private:
     void received(const QCborValue &message);
     void refuse(const QString &reason, std::optional<qint64> id = {});
-    void carryOut(const QCborMap &folders, qint64 type, int moduleIndex, quint64 sequence);
+    void carryOut(const QCborMap &folders, const IdentityMap &identities, qint64 type,
+                  int moduleIndex, quint64 sequence);
     bool stopped(int moduleIndex, quint64 sequence);
 
     StdioChannel m_channel;

@@ -3,12 +3,8 @@
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/core/FileRemoval.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <pwd.h>
-#include <unistd.h>
 
 void logLine(const QString &text)
 {
@@ -38,36 +34,12 @@ SafeRemoval::SafeRemoval()
     // Every account's home, the user's own among them.
     setpwent();
     while (const passwd *pw = getpwent()) {
-        QString why;
         if (pw->pw_dir) {
-            if (const auto home = normalized(pw->pw_dir, &why))
+            if (const auto home = FileRemoval::normalized(pw->pw_dir))
                 m_protected.insert(*home);
         }
     }
     endpwent();
-}
-
-std::optional<QByteArray> SafeRemoval::normalized(const QByteArray &path, QString *why)
-{
-    if (!path.startsWith('/')) {
-        *why = QStringLiteral("not an absolute path");
-        return std::nullopt;
-    }
-    if (path.contains('\0')) {
-        *why = QStringLiteral("a NUL byte in the path");
-        return std::nullopt;
-    }
-    QByteArray out;
-    for (const QByteArray &step : path.split('/')) {
-        if (step.isEmpty())
-            continue;
-        if (step == "." || step == "..") {
-            *why = QStringLiteral("a \".\" or \"..\" step in the path");
-            return std::nullopt;
-        }
-        out += '/' + step;
-    }
-    return out.isEmpty() ? QByteArray("/") : out;
 }
 
 bool SafeRemoval::isProtected(const QByteArray &path) const
@@ -75,45 +47,25 @@ bool SafeRemoval::isProtected(const QByteArray &path) const
     return path == "/" || path.count('/') == 1 || m_protected.contains(path);
 }
 
-SafeRemoval::Outcome SafeRemoval::remove(const QByteArray &path) const
+SafeRemoval::Outcome SafeRemoval::remove(const QByteArray &path, const ItemIdentity &expected) const
 {
     const int failed = int(errorKind::delete_);
+    const auto clean = FileRemoval::normalized(path);
     QString why;
-    const auto clean = normalized(path, &why);
-    if (!clean) {
+    if (!clean)
+        why = QStringLiteral("not an absolute path without \".\" or \"..\" steps");
+    else if (isProtected(*clean))
+        why = QStringLiteral("its removal would break the system");
+    else if (!expected.isKnown())
+        why = QStringLiteral("no record of what the scan saw there");
+    if (!why.isEmpty()) {
         logLine(QStringLiteral("refused %1: %2").arg(shown(path), why));
         return {failed, why};
     }
-    if (isProtected(*clean)) {
-        why = QStringLiteral("its removal would break the system");
-        logLine(QStringLiteral("refused %1: %2").arg(shown(*clean), why));
-        return {failed, why};
-    }
-    // Open each folder on the way relative to the one before, refusing links,
-    // so that the path checked above is the path acted on.
-    const QList<QByteArray> steps = clean->mid(1).split('/');
-    int fd = open("/", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    for (qsizetype i = 0; fd >= 0 && i + 1 < steps.size(); ++i) {
-        const int next =
-            openat(fd, steps[i].constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-        const int error = errno;
-        close(fd);
-        fd = next;
-        errno = error;
-    }
-    if (fd < 0) {
-        const int error = errno;
-        why = error == ELOOP || error == ENOTDIR
-                  ? QStringLiteral("a step of the path is not a folder or is a symbolic link")
-                  : QString::fromLocal8Bit(std::strerror(error));
-        logLine(QStringLiteral("cannot reach %1: %2").arg(shown(*clean), why));
-        return {failed, why};
-    }
-    const int error = FileRemoval::removeItemAt(fd, steps.last());
-    close(fd);
-    if (error == 0)
+    const FileRemoval::Result result = FileRemoval::removeListed(*clean, expected);
+    if (result.removed())
         return {int(errorKind::success), QString()};
-    why = QString::fromLocal8Bit(std::strerror(error));
+    why = result.reason();
     logLine(QStringLiteral("cannot remove %1: %2").arg(shown(*clean), why));
     return {failed, why};
 }

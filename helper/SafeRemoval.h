@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaner/core/ItemIdentity.h"
+
 #include <QByteArray>
 #include <QSet>
 #include <QString>
@@ -8,9 +10,10 @@
 // One line of the helper's log, on standard error.
 void logLine(const QString &text);
 
-// The helper's removal: absolute paths only, no symbolic link followed on the
-// way to the item or below it, and never a path whose removal would break the
-// system. Every refusal is logged on standard error.
+// The helper's removal: absolute paths only, never a path whose removal would
+// break the system, and then the program's one removal routine, which follows
+// no link and takes the item only while it is what the scan saw. Every
+// refusal is logged on standard error.
 class SafeRemoval {
 public:
     struct Outcome {
@@ -19,11 +22,8 @@ public:
     };
 
     SafeRemoval();
-    Outcome remove(const QByteArray &path) const;
+    Outcome remove(const QByteArray &path, const ItemIdentity &expected) const;
 
-    // "/a//b/" -> "/a/b"; nothing for a relative path, an empty name, a NUL,
-    // or a "." or ".." step, which could lead a check astray.
-    static std::optional<QByteArray> normalized(const QByteArray &path, QString *why);
     bool isProtected(const QByteArray &normalizedPath) const;
 
 private:

@@ -4,7 +4,10 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -19,10 +22,26 @@ bool isReport(const QString &selector)
            selector == QLatin1String(Wire::processed) || selector == QLatin1String(Wire::finished);
 }
 
+// Whether a launcher started now could ask for a password on our terminal:
+// it must then stay in the terminal's foreground group to read it.
+bool mayPromptOnTerminal()
+{
+    const int fd = ::open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    const bool foreground = tcgetpgrp(fd) == getpgrp();
+    ::close(fd);
+    return foreground;
+}
+
+constexpr int defaultStartTimeoutMs = 120000;
+
 } // namespace
 
-ServiceTool::ServiceTool() : m_channel(0, 1)
+ServiceTool::ServiceTool() : m_channel(0, 1), m_startTimer(new QTimer(&m_channel))
 {
+    m_startTimer->setSingleShot(true);
+    QObject::connect(m_startTimer, &QTimer::timeout, m_startTimer, [this] { startTimedOut(); });
     QObject::connect(&m_channel, &StdioChannel::message, &m_channel,
                      [this](const QCborValue &m) { received(m); });
     QObject::connect(&m_channel, &StdioChannel::malformed, &m_channel, [this](const QString &why) {
@@ -63,6 +82,20 @@ QStringList ServiceTool::launcher()
     return {QStringLiteral("pkexec")};
 }
 
+int ServiceTool::startTimeout()
+{
+    if (!qEnvironmentVariableIsSet("BRENLOW_HELPER_START_TIMEOUT_MS"))
+        return defaultStartTimeoutMs;
+    bool ok = false;
+    const int ms = qEnvironmentVariableIntValue("BRENLOW_HELPER_START_TIMEOUT_MS", &ok);
+    if (ok && ms > 0)
+        return ms;
+    logLine(QStringLiteral("BRENLOW_HELPER_START_TIMEOUT_MS is not a positive number of "
+                           "milliseconds: waiting %1 ms")
+                .arg(defaultStartTimeoutMs));
+    return defaultStartTimeoutMs;
+}
+
 void ServiceTool::received(const QCborValue &message)
 {
     QString why;
@@ -100,7 +133,8 @@ void ServiceTool::connectWithModuleIndex(qint64 moduleIndex, ValueReply reply)
 
 void ServiceTool::disconnect() {}
 
-void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex)
+void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                                       const QCborMap &identities)
 {
     const int module = int(moduleIndex);
     if (type == qint64(operationType::stop) && m_state != State::Ready) {
@@ -116,8 +150,8 @@ void ServiceTool::operationWithFolders(const QCborMap &folders, qint64 type, qin
         }
         if (type != qint64(operationType::start) && type != qint64(operationType::stop))
             m_inFlight[module] += 1;
-        sendToHelper(Wire::call(Wire::helperOperation,
-                                {folders, QCborValue(QCborValue::Null), type, moduleIndex}));
+        sendToHelper(Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type,
+                                                        moduleIndex, identities}));
     });
 }
 
@@ -134,7 +168,7 @@ void ServiceTool::ensureHelper(Installed then)
     const QString helper = helperPath();
     if (!QFileInfo(helper).isExecutable()) {
         logLine(QStringLiteral("no helper at %1").arg(helper));
-        installed(InstallFailure::missingHelper);
+        installed(InstallFailure::missingProgram);
         return;
     }
     QStringList command = launcher();
@@ -169,6 +203,11 @@ void ServiceTool::ensureHelper(Installed then)
         });
     QObject::connect(m_helper, &QProcess::finished, m_helper,
                      [this](int exitCode, QProcess::ExitStatus) { helperEnded(exitCode); });
+    // Elsewhere the launcher leads a group of its own, so that a time-out
+    // ends it together with whatever it started (an agent, a prompt).
+    if (!mayPromptOnTerminal())
+        m_helper->setChildProcessModifier([] { ::setpgid(0, 0); });
+    m_startTimer->start(startTimeout());
     m_helper->start(command.first(), command.mid(1));
     m_versionId = m_nextId++;
     m_helper->write(FrameDecoder::encode(Wire::call(Wire::getVersion, {}, m_versionId)));
@@ -176,6 +215,7 @@ void ServiceTool::ensureHelper(Installed then)
 
 void ServiceTool::installed(std::optional<int> failure)
 {
+    m_startTimer->stop();
     m_state = failure ? State::Absent : State::Ready;
     const QList<Installed> waiting = std::exchange(m_waiting, {});
     for (const Installed &then : waiting)
@@ -207,6 +247,26 @@ void ServiceTool::helperEnded(int exitCode)
             m_channel.send(
                 Wire::installFailCall(QString::number(InstallFailure::unknown), it.key()));
     }
+}
+
+void ServiceTool::startTimedOut()
+{
+    if (m_state != State::Installing || !m_helper)
+        return;
+    QProcess *launcher = std::exchange(m_helper, nullptr);
+    logLine(QStringLiteral("the helper did not answer within %1 ms: giving up on it")
+                .arg(m_startTimer->interval()));
+    QObject::disconnect(launcher, nullptr, nullptr, nullptr);
+    launcher->closeWriteChannel();
+    const pid_t pid = pid_t(launcher->processId());
+    if (pid > 0 && ::getpgid(pid) == pid)
+        ::kill(-pid, SIGKILL);
+    launcher->kill();
+    launcher->waitForFinished(1000);
+    launcher->deleteLater();
+    m_decoder = FrameDecoder();
+    // Whether a prompt was ever shown is not known here.
+    installed(InstallFailure::unknown);
 }
 
 void ServiceTool::sendToHelper(const QCborMap &message)

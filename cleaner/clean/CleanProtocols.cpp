@@ -36,6 +36,25 @@ bool isFolders(const QCborValue &v)
     return true;
 }
 
+bool isIdentity(const QCborValue &v)
+{
+    const QCborArray a = v.toArray();
+    return v.isArray() && a.size() == 3 && fitsInt(a.at(0)) && a.at(1).isInteger() &&
+           a.at(2).isInteger();
+}
+
+bool isIdentities(const QCborValue &v)
+{
+    if (!v.isMap())
+        return false;
+    const QCborMap map = v.toMap();
+    for (auto it = map.begin(); it != map.end(); ++it) {
+        if (!it.key().isByteArray() || !isIdentity(it.value()))
+            return false;
+    }
+    return true;
+}
+
 bool matches(const QCborValue &v, Arg kind)
 {
     switch (kind) {
@@ -49,6 +68,8 @@ bool matches(const QCborValue &v, Arg kind)
         return v.isBool();
     case Arg::Folders:
         return isFolders(v);
+    case Arg::Identities:
+        return isIdentities(v);
     case Arg::Null:
         return v.isNull();
     }
@@ -87,12 +108,13 @@ std::optional<QList<Arg>> signature(const QString &selector)
         {QLatin1String(installHelperTool), {}},
         {QLatin1String(connectWithModuleIndex), {A::Integer}},
         {QLatin1String(disconnect), {}},
-        {QLatin1String(serviceOperation), {A::Folders, A::Integer, A::Integer}},
+        {QLatin1String(serviceOperation), {A::Folders, A::Integer, A::Integer, A::Identities}},
         {QLatin1String(connectWithEndpoint), {}},
         {QLatin1String(getVersion), {}},
         {QLatin1String(uninstall), {}},
         {QLatin1String(exitWithCode), {A::Integer}},
-        {QLatin1String(helperOperation), {A::Folders, A::Null, A::Integer, A::Integer}},
+        {QLatin1String(helperOperation),
+         {A::Folders, A::Null, A::Integer, A::Integer, A::Identities}},
         {QLatin1String(installFail), {A::Text, A::Integer}},
         {QLatin1String(processed), {A::Bytes, A::Integer, A::Integer}},
         {QLatin1String(finished), {A::Bool, A::Folders, A::Integer}},
@@ -198,6 +220,32 @@ QCborMap wireFromPaths(const QMap<QByteArray, QList<int>> &paths)
     return wire;
 }
 
+QCborMap identitiesToWire(const IdentityMap &identities)
+{
+    QCborMap wire;
+    for (auto it = identities.begin(); it != identities.end(); ++it)
+        wire.insert(QCborValue(it.key()),
+                    QCborArray{int(it->kind), qint64(it->device), qint64(it->inode)});
+    return wire;
+}
+
+IdentityMap wireIdentities(const QCborMap &wire)
+{
+    IdentityMap identities;
+    for (auto it = wire.begin(); it != wire.end(); ++it) {
+        if (!it.key().isByteArray() || !isIdentity(it.value()))
+            continue;
+        const QCborArray a = it.value().toArray();
+        const int kind = int(a.at(0).toInteger());
+        if (kind < int(ItemIdentity::Kind::File) || kind > int(ItemIdentity::Kind::Other))
+            continue;
+        identities.insert(it.key().toByteArray(),
+                          ItemIdentity{ItemIdentity::Kind(kind), quint64(a.at(1).toInteger()),
+                                       quint64(a.at(2).toInteger())});
+    }
+    return identities;
+}
+
 QCborMap installFailCall(const QString &error, int moduleIndex)
 {
     return call(installFail, {error, moduleIndex});
@@ -245,7 +293,7 @@ bool dispatch(const Call &c, XPCServiceProtocol &server, const Send &send)
         server.disconnect();
     else if (s == QLatin1String(serviceOperation))
         server.operationWithFolders(c.args.at(0).toMap(), c.args.at(1).toInteger(),
-                                    c.args.at(2).toInteger());
+                                    c.args.at(2).toInteger(), c.args.at(3).toMap());
     else
         return false;
     return true;
@@ -266,7 +314,7 @@ bool dispatch(const Call &c, HelperProtocol &server, const Send &send)
         server.exitWithCode(c.args.at(0).toInteger());
     else if (s == QLatin1String(helperOperation))
         server.operationWithFolders(c.args.at(0).toMap(), c.args.at(2).toInteger(),
-                                    c.args.at(3).toInteger());
+                                    c.args.at(3).toInteger(), c.args.at(4).toMap());
     else
         return false;
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaner/core/ItemIdentity.h"
+
 #include <QByteArray>
 #include <QCborArray>
 #include <QCborMap>
@@ -35,6 +37,9 @@ enum class errorKind : int {
 // A path map: an item's absoluteString to its status-slot array. The last
 // element of each array is the slot the helper fills in.
 using PathMap = QMap<QString, QList<int>>;
+// What the scan saw of each path of a removal request, by raw path bytes. A
+// removal without a record for its path is refused.
+using IdentityMap = QMap<QByteArray, ItemIdentity>;
 
 // The receiver of the reports of a privileged request.
 class DeleteFilesProgressProtocol {
@@ -58,7 +63,9 @@ public:
     // There are no endpoints to hand out here: replies null.
     virtual void connectWithModuleIndex(qint64 moduleIndex, ValueReply reply) = 0;
     virtual void disconnect() = 0;
-    virtual void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex) = 0;
+    // `identities` is the wire form of an IdentityMap (empty for announcements).
+    virtual void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                                      const QCborMap &identities) = 0;
 };
 
 // Served by the helper, called by the service. The progress receiver of an
@@ -72,7 +79,8 @@ public:
     virtual void getVersionWithReply(TextReply reply) = 0;
     virtual void uninstall() = 0;
     virtual void exitWithCode(qint64 code) = 0;
-    virtual void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex) = 0;
+    virtual void operationWithFolders(const QCborMap &folders, qint64 type, qint64 moduleIndex,
+                                      const QCborMap &identities) = 0;
 };
 
 // The selectors of the three interfaces, in slot order, and the wire form of
@@ -99,7 +107,7 @@ inline constexpr char processed[] = "processedWithUrl:size:moduleIndex:";
 inline constexpr char finished[] = "finishedWithResult:folders:moduleIndex:";
 
 // The kinds of argument a selector takes; a call whose arguments differ is malformed.
-enum class Arg { Integer, Text, Bytes, Bool, Folders, Null };
+enum class Arg { Integer, Text, Bytes, Bool, Folders, Identities, Null };
 
 struct Call {
     QString selector;
@@ -124,6 +132,11 @@ PathMap foldersFromWire(const QCborMap &wire);
 // The same for a helper, which works on the bytes themselves.
 QMap<QByteArray, QList<int>> wirePaths(const QCborMap &wire);
 QCborMap wireFromPaths(const QMap<QByteArray, QList<int>> &paths);
+
+// Identities travel as path bytes to [kind, device, inode]. An entry that
+// cannot be read is left out, so its path is refused.
+QCborMap identitiesToWire(const IdentityMap &identities);
+IdentityMap wireIdentities(const QCborMap &wire);
 
 // The three reports as calls.
 QCborMap installFailCall(const QString &error, int moduleIndex);

@@ -1,6 +1,8 @@
 #include "cleaner/clean/CleanResults.h"
 
+#include "cleaner/clean/KestalCleanManager.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
+#include "cleaner/clean/XPCUtil.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalService.h"
@@ -25,6 +27,11 @@ QString cleanFailureReason(int status)
     default:
         return getLocalizedString(QStringLiteral("UnKnown"));
     }
+}
+
+QString installFailureReason(int moduleIndex)
+{
+    return KestalCleanManager::installFailureText(XPCUtil::instance()->installFailure(moduleIndex));
 }
 
 KestalCleanRecorder::KestalCleanRecorder(int moduleIndex, Report report)

@@ -7,6 +7,9 @@
 
 // The words of a failed item's status, as the clean log shows them.
 QString cleanFailureReason(int status);
+// The words of the install failure last reported for the module, which is
+// what ended its run with -2.
+QString installFailureReason(int moduleIndex);
 
 // The screen side of a clean without a screen: moves every report to the
 // main queue and keeps the module's clean bookkeeping there, as a module's

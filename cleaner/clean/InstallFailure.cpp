@@ -20,7 +20,7 @@ int fromLauncher(const QString &launcher, int exitCode, const QString &errorText
         if (says("Not authorized"))
             return denied;
         if (exitCode == 127 && says("Cannot run program"))
-            return missingHelper;
+            return missingProgram;
         return unknown;
     }
     if (name == QLatin1String("sudo")) {
@@ -30,7 +30,7 @@ int fromLauncher(const QString &launcher, int exitCode, const QString &errorText
             says("not allowed to execute") || says("incorrect password"))
             return denied;
         if (says("command not found"))
-            return missingHelper;
+            return missingProgram;
         return unknown;
     }
     return unknown;
@@ -39,7 +39,7 @@ int fromLauncher(const QString &launcher, int exitCode, const QString &errorText
 int launcherNotStarted(const QString &launcher)
 {
     // Without its launcher the helper cannot ask for rights at all.
-    return launcher.isEmpty() ? missingHelper : cannotPrompt;
+    return launcher.isEmpty() ? missingProgram : cannotPrompt;
 }
 
 } // namespace InstallFailure

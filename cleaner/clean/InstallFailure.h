@@ -6,7 +6,8 @@
 // manager's). Starting the helper through the launcher is the installation
 // here, so each way the launcher can fail is given one of these numbers.
 namespace InstallFailure {
-inline constexpr int missingHelper = 1000;
+// The program to start (the service, or the helper) is not there.
+inline constexpr int missingProgram = 1000;
 inline constexpr int denied = 1020;
 inline constexpr int cancelled = 1021;
 inline constexpr int cannotPrompt = 1022;

@@ -128,7 +128,7 @@ void KestalCleanManager::finished(bool result, const PathMap &folders, int modul
                               ciSize[ci] + helpToolCiSize[ci]);
     }
 
-    if (cleanDone != Service::categoryCount(this->moduleIndex))
+    if (cleanDone != categoryCount)
         return;
     Service::closeRun(shared_from_this(), true, 999, true);
 }

@@ -23,6 +23,8 @@ public:
     QMap<int, qint64> helpToolCiSize;
     QMap<int, int> helpToolCiFileNumber;
     QHash<QString, qint64> helpToolPathSize;
+    // The categories of the run's plan, counted when the run starts.
+    int categoryCount = 0;
     bool startClean = false;
     bool stopFinish = false;
 

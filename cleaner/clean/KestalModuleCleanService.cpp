@@ -19,6 +19,8 @@ struct Tables {
     QHash<int, bool> stop;
     bool passHelpTool = false;
     QMap<int, QList<QMap<int, PathMap>>> modelHelpTool;
+    // What the scan saw of every path a run hands to the helper, by module.
+    QHash<int, IdentityMap> helperIdentities;
 };
 
 Tables g_tables;
@@ -78,6 +80,11 @@ QMap<int, QList<QMap<int, PathMap>>> &KestalModuleCleanService::modelHelpTool()
     return g_tables.modelHelpTool;
 }
 
+IdentityMap &KestalModuleCleanService::helperIdentities(int moduleIndex)
+{
+    return g_tables.helperIdentities[moduleIndex];
+}
+
 QRecursiveMutex &KestalModuleCleanService::lock()
 {
     return g_lock;
@@ -95,17 +102,6 @@ bool KestalModuleCleanService::keepsOwnCategories(int moduleIndex)
     return moduleIndex == 6 || moduleIndex == 8 || moduleIndex == 9 || moduleIndex == 10;
 }
 
-int KestalModuleCleanService::categoryCount(int moduleIndex)
-{
-    int count = 0;
-    Dispatch::mainSync([&] {
-        const QList<Module> &modules = AppModuleService::appModules();
-        if (moduleIndex >= 0 && moduleIndex < modules.size())
-            count = int(modules[moduleIndex].categories.value_or(QList<Category>()).size());
-    });
-    return count;
-}
-
 int KestalModuleCleanService::headerModelIndex()
 {
     int index = 0;
@@ -121,6 +117,31 @@ int KestalModuleCleanService::headerModelIndex()
     return index;
 }
 
+namespace {
+
+// The plan's entry for a node the user left ticked (checked 1) or partly
+// ticked (-1). A container is never removed itself: ticking it takes its
+// listed children. A partly ticked node takes its ticked children. With no
+// child to take, no entry: one without children would stand for the whole
+// folder.
+std::optional<cleanFolder> plannedEntry(const FolderInfoPtr &node)
+{
+    if (node->checked == 1 && !node->isContainer)
+        return cleanFolder::of(node);
+    if (node->checked != 1 && node->checked != -1)
+        return std::nullopt;
+    cleanFolder parent = cleanFolder::of(node);
+    for (const FolderInfoPtr &child : node->children) {
+        if (node->checked == 1 || child->checked == 1)
+            parent.children.append(cleanFolder::of(child));
+    }
+    if (parent.children.isEmpty())
+        return std::nullopt;
+    return parent;
+}
+
+} // namespace
+
 QList<cleanCategory> KestalModuleCleanService::buildPlan(int moduleIndex, bool once)
 {
     QList<cleanCategory> plan;
@@ -133,22 +154,15 @@ QList<cleanCategory> KestalModuleCleanService::buildPlan(int moduleIndex, bool o
             // what a finder holds wherever one is set.
             cleanCategory entry{{}, c.finder.value_or(int(i))};
             for (const FolderInfoPtr &node : c.state == 0 ? QList<FolderInfoPtr>() : c.files) {
-                if (node->checked == 1) {
-                    if (once && seen.contains(node->findex))
+                std::optional<cleanFolder> planned = plannedEntry(node);
+                if (!planned)
+                    continue;
+                if (once && planned->children.isEmpty()) {
+                    if (seen.contains(node->findex))
                         continue;
                     seen.insert(node->findex);
-                    entry.folders.append({node->findex, 0, node, {}});
-                } else if (node->checked == -1) {
-                    cleanFolder parent{node->findex, 0, node, {}};
-                    for (const FolderInfoPtr &child : node->children) {
-                        if (child->checked == 1)
-                            parent.children.append({child->findex, 0, child, {}});
-                    }
-                    // With no child to take, an entry without children would
-                    // stand for the whole folder: plan nothing instead.
-                    if (!parent.children.isEmpty())
-                        entry.folders.append(parent);
                 }
+                entry.folders.append(std::move(*planned));
             }
             plan.append(entry);
         }
@@ -199,6 +213,9 @@ void KestalModuleCleanService::cleanModule(int moduleIndex,
     modelHelpTool().remove(moduleIndex);
     cleanStatusDict().insert(moduleIndex, cleanStatus::cleanning);
     const auto manager = std::make_shared<KestalCleanManager>(moduleIndex, cleanService);
+    // The plan holds one entry per category of the module.
+    manager->categoryCount = int(cleanInfoDict().value(moduleIndex).size());
+    helperIdentities(moduleIndex).clear();
     const bool ownCategories = keepsOwnCategories(moduleIndex);
     if (ownCategories)
         Dispatch::mainSync([=] { KestalService::cleanningCompletedStatus()[moduleIndex].clear(); });
@@ -216,20 +233,20 @@ void KestalModuleCleanService::cleanModule(int moduleIndex,
         manager->helpToolCiSize[ci] = 0;
         manager->helpToolCiFileNumber[ci] = 0;
 
-        // Every item is offered to the in-process removal first; only what
-        // that refuses goes to the helper.
+        // Every item is offered to the in-process removal first; whatever it
+        // refuses goes to the helper, which checks it the same way: an item
+        // that vanished or changed since the scan fails there too.
         const auto tryItem = [&](cleanFolder &entry, int finder, std::optional<int> child) {
-            const QString key = entry.folder->absoluteString();
-            const QUrl url = FolderInfo::urlFromPath(Services::handleBytes(key));
-            if (FolderInfo::deleteFile(url)) {
+            if (FolderInfo::deleteFile(entry.path, entry.identity).removed()) {
                 entry.status = 1;
-                manager->ciSize[ci] += entry.folder->size;
+                manager->ciSize[ci] += entry.size;
                 manager->ciFileNumber[ci] += 1;
             } else {
-                pathMap.insert(key, slotArray(ci, finder, child));
-                manager->helpToolCiSize[ci] += entry.folder->size;
+                pathMap.insert(entry.key, slotArray(ci, finder, child));
+                helperIdentities(moduleIndex).insert(entry.path, entry.identity);
+                manager->helpToolCiSize[ci] += entry.size;
                 manager->helpToolCiFileNumber[ci] += 1;
-                manager->helpToolPathSize.insert(key, entry.folder->size);
+                manager->helpToolPathSize.insert(entry.key, entry.size);
             }
         };
         QList<cleanFolder> &folders = cleanInfoDict()[moduleIndex][index].folders;
@@ -265,7 +282,7 @@ void KestalModuleCleanService::cleanModule(int moduleIndex,
         } else {
             manager->cleanDone += 1;
             cleanService->done(true, ci, 999, manager->ciFileNumber[ci], manager->ciSize[ci]);
-            if (manager->cleanDone == categoryCount(moduleIndex))
+            if (manager->cleanDone == manager->categoryCount)
                 allDoneInProcess = true;
         }
     }
@@ -295,7 +312,7 @@ void KestalModuleCleanService::stopWithHelper(int moduleIndex, int currentIndex,
     }
     XPCUtil::instance()->operation({}, manager, qint64(operationType::stop), moduleIndex);
     // Nothing may be out any more, and then no report will come to close the run.
-    if (manager->cleanDone >= categoryCount(moduleIndex))
+    if (manager->cleanDone >= manager->categoryCount)
         closeRun(manager, false, -3, true);
 }
 
@@ -339,7 +356,14 @@ void KestalModuleCleanService::XPC(const PathMap &folder,
     } else {
         xpc->operation({}, progress, qint64(operationType::start), modelIndex);
     }
-    xpc->operation(folder, progress, qint64(type), modelIndex);
+    IdentityMap identities;
+    for (auto it = folder.begin(); it != folder.end(); ++it) {
+        const QByteArray path = Services::handleBytes(it.key());
+        const auto found = helperIdentities(modelIndex).constFind(path);
+        if (found != helperIdentities(modelIndex).constEnd())
+            identities.insert(path, *found);
+    }
+    xpc->operation(folder, progress, qint64(type), modelIndex, identities);
 }
 
 void KestalModuleCleanService::updateModuleCategoryAndDetail(int modelIndex,

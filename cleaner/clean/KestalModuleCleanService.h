@@ -36,6 +36,9 @@ public:
     // Requests waiting for the helper's first answer, by module.
     static QMap<int, QList<QMap<int, PathMap>>> &modelHelpTool();
     static QRecursiveMutex &lock();
+    // What the scan saw of each path the module's run handed to the helper;
+    // its requests carry it, so the helper can refuse an item swapped since.
+    static IdentityMap &helperIdentities(int moduleIndex);
 
     static void analysisModule(int moduleIndex, std::shared_ptr<KestalCleanProtocol> cleanService);
     static void largeAndOldAnalysisModule(int moduleIndex,
@@ -61,8 +64,6 @@ public:
     // The modules whose categories their scan makes, and which keep
     // per-category results of their own.
     static bool keepsOwnCategories(int moduleIndex);
-    // The number of categories of a module in the table (0 when it has none).
-    static int categoryCount(int moduleIndex);
     // Ends the run: takes what went out of the tree, marks the module done and
     // reports the totals with this status.
     static void closeRun(const std::shared_ptr<KestalCleanManager> &manager, bool result,

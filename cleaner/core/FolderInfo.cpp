@@ -21,9 +21,10 @@ QString displayPath(const QByteArray &path)
     return ResourceValues::displayName(path);
 }
 
+// Diagnostics of a walk: standard output belongs to the results.
 void printLine(const char *text, const QString &what)
 {
-    std::printf("%s%s\n", text, what.toLocal8Bit().constData());
+    std::fprintf(stderr, "%s%s\n", text, what.toLocal8Bit().constData());
 }
 
 } // namespace
@@ -103,11 +104,13 @@ void FolderInfo::postPercent(const ShowPercent &showPercent, float value)
 
 FolderInfoPtr FolderInfo::nodeFromValues(const ResourceValues &values, int findex, int checked)
 {
-    return make(
+    FolderInfoPtr node = make(
         findex, values.localizedName, QString(), values.fileSize.value_or(0), QColor(),
         values.isDirectory,
         values.contentModificationDate.isValid() ? values.contentModificationDate : distantPast(),
         urlFromPath(values.path), values.isPackage, {}, values.isHidden, checked, QString());
+    node->identity = values.identity;
+    return node;
 }
 
 namespace {
@@ -149,7 +152,10 @@ FolderInfoPtr rootNode(const FolderUrl &url, bool includeChildren, const Progres
         node->children = std::move(info.children);
         node->size = info.totalSize;
     }
-    if (progress) {
+    // A walked folder's entries were reported one by one; reporting its sum
+    // as well would count every entry twice.
+    const bool walked = values->isDirectory && includeChildren;
+    if (progress && !walked) {
         const QString shown = displayPath(path);
         const qint64 size = node->size;
         Dispatch::mainAsync([progress, shown, size] { progress(shown, size); });
@@ -378,8 +384,10 @@ QString FolderInfo::getUserHomeDirectory()
 
 bool FolderInfo::deleteFile(const QUrl &url)
 {
-    const QByteArray path = pathBytes(url);
-    if (!FileRemoval::isDeletable(path))
-        return false;
-    return FileRemoval::removeItem(path) == 0;
+    return FileRemoval::removeItem(pathBytes(url)).removed();
+}
+
+FileRemoval::Result FolderInfo::deleteFile(const QByteArray &path, const ItemIdentity &expected)
+{
+    return FileRemoval::removeListed(path, expected);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cleaner/core/DirectoryEnumerator.h"
+#include "cleaner/core/FileRemoval.h"
 
 #include <QColor>
 #include <QDateTime>
@@ -53,6 +54,13 @@ public:
     bool hidden;
     int checked;
     QString dbNumber;
+    // What the scan saw of the item on the disk; a removal checks it again.
+    // Unknown for nodes that were not read from the disk, which no removal takes.
+    ItemIdentity identity;
+    // A node whose children a rule chose among the folder's contents (an
+    // application's language folders): the folder holds more than it lists,
+    // so a clean takes its listed children and never the node itself.
+    bool isContainer = false;
 
     FolderInfo(int findex, QString name, QString icon, qint64 size, QColor color, bool isFolder,
                QDateTime date, QUrl url, bool isPackage, QList<FolderInfoPtr> children, bool hidden,
@@ -102,6 +110,9 @@ public:
     static QString getUserHomeDirectory();
     // Plain removal, when the parent folder allows it; false on any failure.
     static bool deleteFile(const QUrl &url);
+    // The clean's removal: the item at these path bytes, provided it is still
+    // the one the scan saw.
+    static FileRemoval::Result deleteFile(const QByteArray &path, const ItemIdentity &expected);
     // Hands items to the privileged helper to be shredded (for the Eraser) or
     // moved in or out of use (for Extensions); the delegate hears the reports.
     static void helperToolShredFiles(const QList<QUrl> &urls,

@@ -78,6 +78,7 @@ ResourceValues ResourceValues::fromStat(const QByteArray &path, const struct sta
     v.device = st.st_dev;
     v.inode = st.st_ino;
     v.allocatedSize = qint64(st.st_blocks) * 512;
+    v.identity = ItemIdentity::fromStat(st);
     return v;
 }
 

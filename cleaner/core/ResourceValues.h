@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaner/core/ItemIdentity.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -23,6 +25,7 @@ struct ResourceValues {
     dev_t device = 0;
     ino_t inode = 0;
     qint64 allocatedSize = 0;
+    ItemIdentity identity; // kind, device and inode, for the removal's check
 
     // Fills the values from a stat record (lstat semantics: a link is itself).
     static ResourceValues fromStat(const QByteArray &path, const struct stat &st);

@@ -182,6 +182,9 @@ FolderInfoPtr ApplicationJunkFolderInfo::matchLanguage(const QUrl &url,
                    QUrl(QStringLiteral("~/.nonepath")), false, {}, false, 0, QString());
     app->children = std::move(children);
     app->size = total;
+    // The application (or system folder) holds far more than its language
+    // folders: a clean takes those and never the folder itself.
+    app->isContainer = true;
     return app;
 }
 
@@ -210,8 +213,8 @@ ApplicationJunkFolderInfo::getLanguagesInfoList(const QString &curl, const Progr
             if (app->size > 0) {
                 app->findex = int(apps.size());
                 total += app->size;
+                postProgress(progress, pathOf(entry), app->size);
                 apps.append(std::move(app));
-                postProgress(progress, pathOf(entry), 0);
             }
         }
         postPercent(showPercent, step);
@@ -344,7 +347,9 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
 {
     QList<FolderInfoPtr> backups;
     qint64 total = 0;
-    const FolderInfoPtr root = folderInfo(url, true, progress);
+    // Only the backups are reported, so that the size a scan shows is the
+    // size it finds.
+    const FolderInfoPtr root = folderInfo(url, true, nullptr);
     if (!root)
         return {backups, total};
     if (root->children.isEmpty()) {
@@ -363,7 +368,10 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
                     d.value(QStringLiteral("Product Name")).toString(),
                 QStringLiteral("iTunesJunk"), child->size, QColor(), false,
                 date.isValid() ? date : distantPast(), child->url, false, {}, false, 0, QString()));
+            // Shown as one item, removed as the folder the walk saw.
+            backups.last()->identity = child->identity;
             total += child->size;
+            postProgress(progress, pathOf(pathBytes(child->url)), child->size);
         }
         postPercent(showPercent, step);
     }

@@ -34,7 +34,7 @@ inline const QString bin =
     qEnvironmentVariable("BRENLOW_TEST_BIN", QStringLiteral(BRENLOW_TEST_BINARY_DIR));
 inline const QString helperProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-helper");
 inline const QString serviceProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-service");
-inline const QString cliProgram = bin + QStringLiteral("/cli/brenlow-cli");
+inline const QString cliProgram = bin + QStringLiteral("/bin/brenlow-cli");
 
 // Where the next service started finds its helper and how it starts it.
 inline void useHelper(const QString &launcher, const QString &helper = helperProgram)
@@ -46,11 +46,29 @@ inline void useHelper(const QString &launcher, const QString &helper = helperPro
     qputenv("BRENLOW_HELPER_LAUNCHER", launcher.toLocal8Bit());
 }
 
+// A shell script standing in for a program that misbehaves (a service, a
+// launcher); its path.
+inline QString shellProgram(TreeBuilder &tree, const QString &name, const QByteArray &body,
+                            QFile::Permissions mode = QFile::ReadOwner | QFile::WriteOwner |
+                                                      QFile::ExeOwner)
+{
+    QFile script(tree.file(name));
+    script.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    script.write("#!/bin/sh\n" + body + '\n');
+    script.close();
+    script.setPermissions(mode);
+    return script.fileName();
+}
+
 // A program spoken to in frames over its standard input and output.
 class Peer {
 public:
-    explicit Peer(const QString &program, const QStringList &args = {})
+    // `ownSession`: the program runs without our terminal, as a desktop
+    // program does.
+    explicit Peer(const QString &program, const QStringList &args = {}, bool ownSession = false)
     {
+        if (ownSession)
+            process.setChildProcessModifier([] { ::setsid(); });
         process.start(program, args);
         process.waitForStarted();
     }

@@ -27,7 +27,11 @@ private:
     }
 
 private slots:
-    void init() { useHelper(QString()); }
+    void init()
+    {
+        useHelper(QString());
+        qunsetenv("BRENLOW_HELPER_START_TIMEOUT_MS");
+    }
     void cleanupTestCase() { XPCUtil::shutdown(); }
 
     void propertyInProcess() { RandomClean::rounds(1, 13, false); }
@@ -141,6 +145,120 @@ private slots:
         QVERIFY(!QFile::exists(tree.path(QStringLiteral("c1/a"))));
         QVERIFY(QFile::exists(tree.path(QStringLiteral("c2/b"))));
         QCOMPARE(AppModuleService::categoriesOf(0)[2].files.size(), 1);
+    }
+
+    // The listed items' folder is swapped for a link after the scan, to a
+    // folder holding the same names: nothing behind the link goes, in
+    // process or through the helper, and the items fail.
+    void swappedFolderLeadsNowhere_data()
+    {
+        QTest::addColumn<bool>("swapItem");
+        QTest::newRow("the category's folder became a link") << false;
+        QTest::newRow("a listed folder became a link") << true;
+    }
+
+    void swappedFolderLeadsNowhere()
+    {
+        QFETCH(bool, swapItem);
+        TestEnvironment env;
+        TreeBuilder tree;
+        TreeBuilder outside;
+        loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("b")}});
+        outside.file(QStringLiteral("a/inner"), 11);
+        outside.file(QStringLiteral("b"), 11);
+        const QString swapped = swapItem ? tree.path(QStringLiteral("c0/a")) : tree.path("c0");
+        if (swapItem) {
+            QFile::remove(swapped);
+            tree.symlink(QStringLiteral("c0/a"), outside.path(QStringLiteral("a")));
+        } else {
+            QVERIFY(QFile::rename(swapped, tree.path(QStringLiteral("c0-scanned"))));
+            tree.symlink(QStringLiteral("c0"), outside.root());
+        }
+        const QMap<QByteArray, QByteArray> untouched = snapshot(outside.root());
+
+        CleanRun run;
+        QVERIFY(run.cleanToEnd(0));
+        QCOMPARE(snapshot(outside.root()), untouched);
+        QCOMPARE(run.reports.first().status, 3);
+        QVERIFY(!run.reports.first().result);
+        const QList<cleanFolder> &items =
+            KestalModuleCleanService::cleanInfoDict().value(0).first().folders;
+        QCOMPARE(items[0].status, 3);
+        // The untouched sibling goes only where its folder is still the scanned one.
+        QCOMPARE(items[1].status, swapItem ? 1 : 3);
+    }
+
+    // What needs the helper meets a service, or a launcher, that fails: the
+    // run ends with -2 and the failure's number, and so does the next run,
+    // which tries the service again.
+    void serviceFailuresEndTheRun_data()
+    {
+        // A script's body, or empty: the real service, or none when not `executable`.
+        QTest::addColumn<QByteArray>("service");
+        QTest::addColumn<bool>("executable");
+        QTest::addColumn<QByteArray>("launcher"); // a script's body; empty: none
+        QTest::addColumn<QString>("failure");
+        QTest::newRow("service missing") << QByteArray() << false << QByteArray() << "1000";
+        QTest::newRow("service not executable")
+            << QByteArray("exit 0") << false << QByteArray() << "1023";
+        QTest::newRow("service ends at once")
+            << QByteArray("exit 1") << true << QByteArray() << "1023";
+        QTest::newRow("service ends after the request")
+            << QByteArray("head -c 1 >/dev/null; exit 3") << true << QByteArray() << "1023";
+        QTest::newRow("launcher never returns")
+            << QByteArray() << true << QByteArray("exec sleep 600") << "1023";
+    }
+
+    void serviceFailuresEndTheRun()
+    {
+        QFETCH(QByteArray, service);
+        QFETCH(bool, executable);
+        QFETCH(QByteArray, launcher);
+        QFETCH(QString, failure);
+        TreeBuilder programs;
+        useHelper(launcher.isEmpty() ? QString() : shellProgram(programs, "launcher", launcher));
+        if (!service.isEmpty())
+            qputenv("BRENLOW_SERVICE_PATH",
+                    QFile::encodeName(shellProgram(programs, "service", service,
+                                                   executable ? QFile::ReadOwner | QFile::ExeOwner
+                                                              : QFile::ReadOwner)));
+        else if (!executable)
+            qputenv("BRENLOW_SERVICE_PATH", "/nonexistent/brenlow-service");
+        qputenv("BRENLOW_HELPER_START_TIMEOUT_MS", "300");
+
+        for (int round = 0; round < 2; ++round) {
+            TestEnvironment env;
+            TreeBuilder tree;
+            loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("gone")}});
+            QFile::remove(tree.path(QStringLiteral("c0/gone")));
+            CleanRun run;
+            QVERIFY(run.cleanToEnd(0));
+            QCOMPARE(run.status, -2);
+            QCOMPARE(XPCUtil::instance()->installFailure(0), failure);
+            QVERIFY(!QFile::exists(tree.path(QStringLiteral("c0/a"))));
+            QCOMPARE(KestalModuleCleanService::cleanInfoDict().value(0)[0].folders[1].status,
+                     int(errorKind::getRoot));
+        }
+    }
+
+    // A service that went is started afresh: the next clean reaches the helper.
+    void aLostServiceIsStartedAgain()
+    {
+        TreeBuilder programs;
+        const QString dying = shellProgram(programs, "service", "head -c 1 >/dev/null; exit 3");
+        for (const QString &service : {dying, serviceProgram}) {
+            qputenv("BRENLOW_SERVICE_PATH", QFile::encodeName(service));
+            TestEnvironment env;
+            TreeBuilder tree;
+            loadSelected(env, tree, {{QStringLiteral("gone")}});
+            QFile::remove(tree.path(QStringLiteral("c0/gone")));
+            CleanRun run;
+            QVERIFY(run.cleanToEnd(0));
+            QCOMPARE(run.status, service == dying ? -2 : 999);
+        }
+        // The helper tried the vanished path and said why it failed.
+        QCOMPARE(KestalModuleCleanService::cleanInfoDict().value(0)[0].folders[0].status,
+                 int(errorKind::delete_));
     }
 
     void editionWithoutAFileNameStops()

@@ -3,6 +3,8 @@
 
 #include "CleanTestSupport.h"
 #include "TestPaths.h"
+#include "cleaner/clean/KestalCleanManager.h"
+#include "support/CliProcess.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -106,6 +108,94 @@ private slots:
         QCOMPARE(after, expected);
     }
 
+    // Language Files lists the system's language trees as nodes whose
+    // children are the unused languages: ticking everything takes those
+    // children and never the trees, which hold the kept languages too.
+    void takesLanguageFoldersNotTheirTrees()
+    {
+        for (const char *kept :
+             {"root/usr/share/locale/en/LC_MESSAGES/app.mo",
+              "root/usr/share/locale/C.UTF-8/LC_MESSAGES/app.mo",
+              "root/usr/share/locale/locale.alias", "root/usr/share/man/man1/ls.1"})
+            sandbox->file(QLatin1String(kept), 10);
+        for (const char *junk :
+             {"locale/de/LC_MESSAGES/app.mo", "locale/fr/LC_MESSAGES/app.mo", "man/de/man1/ls.1"})
+            sandbox->file(QStringLiteral("root/usr/share/") + QLatin1String(junk), 10);
+        QCOMPARE(cli({"--select", "all", "--yes", "--json"}).exitCode, 0);
+        for (const char *gone : {"locale/de", "locale/fr", "man/de"})
+            QVERIFY2(!QFileInfo::exists(sandbox->path("root/usr/share/") + QLatin1String(gone)),
+                     gone);
+        for (const char *kept :
+             {"locale/en/LC_MESSAGES/app.mo", "locale/C.UTF-8/LC_MESSAGES/app.mo",
+              "locale/locale.alias", "man/man1/ls.1"})
+            QVERIFY2(QFileInfo::exists(sandbox->path("root/usr/share/") + QLatin1String(kept)),
+                     kept);
+    }
+
+    // An item vanishes while the command line asks for confirmation, so it
+    // goes to the helper; when the service or the launcher fails, the run
+    // ends with -2, the install failure's words and status 2.
+    void installFailuresReachTheCommandLine_data()
+    {
+        QTest::addColumn<QString>("service");
+        QTest::addColumn<QByteArray>("launcher"); // a script's body; empty: none
+        QTest::addColumn<bool>("json");
+        QTest::addColumn<QString>("failure");
+        QTest::newRow("service missing")
+            << "/nonexistent/brenlow-service" << QByteArray() << false
+            << KestalCleanManager::installFailureText(QStringLiteral("1000"));
+        QTest::newRow("launcher never returns")
+            << QString() << QByteArray("exec sleep 600") << true
+            << KestalCleanManager::installFailureText(QStringLiteral("1023"));
+    }
+
+    void installFailuresReachTheCommandLine()
+    {
+        QFETCH(QString, service);
+        QFETCH(QByteArray, launcher);
+        QFETCH(bool, json);
+        QFETCH(QString, failure);
+        TreeBuilder programs;
+        QProcessEnvironment env = environment();
+        // Unless told otherwise the program finds its service as installed.
+        env.remove(QStringLiteral("BRENLOW_SERVICE_PATH"));
+        if (!service.isEmpty())
+            env.insert(QStringLiteral("BRENLOW_SERVICE_PATH"), service);
+        if (!launcher.isEmpty())
+            env.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"),
+                       shellProgram(programs, "launcher", launcher));
+        env.insert(QStringLiteral("BRENLOW_HELPER_START_TIMEOUT_MS"), QStringLiteral("300"));
+        QProcess p;
+        p.setProcessEnvironment(env);
+        QStringList args{"clean", "System Junk", "--select", "all"};
+        if (json)
+            args.append(QStringLiteral("--json"));
+        p.start(cliProgram, args);
+        QString errors;
+        QVERIFY(QTest::qWaitFor(
+            [&] {
+                p.waitForReadyRead(10);
+                errors += QString::fromLocal8Bit(p.readAllStandardError());
+                return errors.contains(QLatin1String("[y/N]"));
+            },
+            30000));
+        QVERIFY(QFile::remove(sandbox->path(QStringLiteral("root/var/crash/app.crash"))));
+        p.write("y\n");
+        p.closeWriteChannel();
+        QVERIFY(p.waitForFinished(30000));
+        QCOMPARE(p.exitCode(), 2);
+        const QByteArray out = p.readAllStandardOutput();
+        if (json) {
+            const QJsonObject o = QJsonDocument::fromJson(out).object();
+            QCOMPARE(o[QStringLiteral("status")].toInt(), -2);
+            QCOMPARE(o[QStringLiteral("installFailure")].toString(), failure);
+        } else {
+            QVERIFY2(QString::fromLocal8Bit(out).contains(failure), out.constData());
+        }
+        // What the process could remove went.
+        QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("home/.cache/app/a"))));
+    }
+
     void refusesBadUsage_data()
     {
         QTest::addColumn<QStringList>("args");
@@ -133,6 +223,41 @@ private slots:
         QVERIFY2(r.errors.contains(QStringLiteral("To be removed: 5 items, 690 bytes\n")),
                  qPrintable(r.errors));
         QVERIFY2(r.errors.contains(QStringLiteral("[y/N]")), qPrintable(r.errors));
+    }
+
+    // A PATH is compared as the bytes typed, never through text: a name
+    // with a line break and a byte that is not UTF-8 can be chosen, and the
+    // text form of that name names nothing.
+    void selectsTheExactBytesOfAListedName_data()
+    {
+        QTest::addColumn<QByteArray>("typed"); // under the sandbox
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("line break and raw byte") << QByteArray("home/.cache/odd\nname\xff") << 0;
+        QTest::newRow("with . and .. steps")
+            << QByteArray("home/./.cache/x/../odd\nname\xff/") << 0;
+        QTest::newRow("decoded and encoded again")
+            << QByteArray("home/.cache/odd\nname\xef\xbf\xbd") << 1;
+    }
+    void selectsTheExactBytesOfAListedName()
+    {
+        QFETCH(QByteArray, typed);
+        QFETCH(int, exitCode);
+        const QByteArray odd = "/home/.cache/odd\nname\xff";
+        sandbox->fileBytes(odd.mid(1), 9);
+        QMap<QByteArray, QByteArray> expected = snapshot(sandbox->root());
+        const CliProcess::Result r = CliProcess::run(
+            cliProgram,
+            {"clean", "System Junk", "--select", sandbox->pathBytes(typed), "--yes", "--json"},
+            environment());
+        QCOMPARE(r.exitCode, exitCode);
+        if (exitCode == 0) {
+            const QJsonObject json = QJsonDocument::fromJson(r.out).object();
+            QCOMPARE(json[QStringLiteral("number")].toInt(), 1);
+            expected.remove(odd);
+        }
+        QMap<QByteArray, QByteArray> after = snapshot(sandbox->root());
+        after.removeIf([](const auto &it) { return it.key().startsWith("/home/.config"); });
+        QCOMPARE(after, expected);
     }
 };
 

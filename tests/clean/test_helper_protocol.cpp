@@ -5,7 +5,9 @@
 #include "cleaner/clean/InstallFailure.h"
 
 #include <QtEndian>
+#include <csignal>
 #include <pwd.h>
+#include <sys/ioctl.h>
 
 using namespace CleanTest;
 
@@ -29,19 +31,76 @@ QByteArray frameOf(const QByteArray &body)
     return frame + body;
 }
 
-// A helper operation whose first and third arguments are given.
-QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0)
+// A helper operation whose folders, type, module and identities are given.
+QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0,
+                       const IdentityMap &identities = {})
 {
-    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module});
+    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module,
+                                              Wire::identitiesToWire(identities)});
 }
 
+// What a scan would record of the item at a path now.
+ItemIdentity identityNow(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0 ? ItemIdentity::fromStat(st) : ItemIdentity();
+}
+
+// A removal of these paths, each with what is there now as its scan record.
 QCborMap deleteCall(const QList<QByteArray> &paths, qint64 type = qint64(operationType::delete_))
 {
     QMap<QByteArray, QList<int>> folders;
+    IdentityMap identities;
     int finder = 0;
-    for (const QByteArray &p : paths)
+    for (const QByteArray &p : paths) {
         folders.insert(p, {0, finder++, 0});
-    return operationCall(Wire::wireFromPaths(folders), type, 3);
+        if (identityNow(p).isKnown())
+            identities.insert(p, identityNow(p));
+    }
+    return operationCall(Wire::wireFromPaths(folders), type, 3, identities);
+}
+
+// Whether a process is still running (a zombie has ended).
+bool running(qint64 pid)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray line = stat.readAll();
+    return line.mid(line.lastIndexOf(')') + 2, 1) != "Z";
+}
+
+// Bytes waiting in a process's standard input, read through its /proc entry.
+int waitingInput(qint64 pid)
+{
+    const int fd = ::open(QByteArray("/proc/" + QByteArray::number(pid) + "/fd/0").constData(),
+                          O_RDONLY | O_NONBLOCK);
+    int bytes = 0;
+    if (fd >= 0 && ::ioctl(fd, FIONREAD, &bytes) != 0)
+        bytes = 0;
+    if (fd >= 0)
+        ::close(fd);
+    return bytes;
+}
+
+qint64 pidIn(const QString &file)
+{
+    QFile f(file);
+    return f.open(QIODevice::ReadOnly) ? f.readAll().trimmed().toLongLong() : 0;
+}
+
+QCborMap serviceDelete(qint64 module)
+{
+    return Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{"/nonexistent/x", {0, 0, 0}}}),
+                                               qint64(operationType::delete_), module, QCborMap()});
+}
+
+void expectInstallFail(const std::optional<QCborMap> &answer, const QString &number, int module)
+{
+    QVERIFY(answer);
+    QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::installFail));
+    QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(0).toString(), number);
+    QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(1).toInteger(), module);
 }
 
 } // namespace
@@ -60,6 +119,7 @@ private:
     }
 
 private slots:
+    void init() { qunsetenv("BRENLOW_HELPER_START_TIMEOUT_MS"); }
     void removesFilesFoldersAndOddNames()
     {
         TreeBuilder tree;
@@ -256,16 +316,60 @@ private slots:
         useHelper(launcher, helper);
         Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
         // An announcement is not answered; the request after it is.
-        service.send(
-            Wire::call(Wire::serviceOperation, {QCborMap(), qint64(operationType::start), 4}));
+        service.send(Wire::call(Wire::serviceOperation,
+                                {QCborMap(), qint64(operationType::start), 4, QCborMap()}));
         service.send(
             Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{"/tmp/x", {0, 0, 0}}}),
-                                                qint64(operationType::delete_), 4}));
-        const auto answer = service.next();
-        QVERIFY(answer);
-        QCOMPARE(answer->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::installFail));
-        QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(0).toString(), number);
-        QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(1).toInteger(), 4);
+                                                qint64(operationType::delete_), 4, QCborMap()}));
+        expectInstallFail(service.next(), number, 4);
+    }
+
+    // A launcher that never brings the helper up is given up once the
+    // time-out passes: the request gets an install failure, and what the
+    // launcher started is ended with it.
+    void launcherThatNeverAnswersIsGivenUp()
+    {
+        TreeBuilder programs;
+        const QString pidFile = programs.path(QStringLiteral("sleeper.pid"));
+        useHelper(shellProgram(programs, "launcher",
+                               "sleep 600 & echo $! > '" + QFile::encodeName(pidFile) + "'; wait"));
+        qputenv("BRENLOW_HELPER_START_TIMEOUT_MS", "300");
+        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"}, true);
+        service.send(serviceDelete(4));
+        expectInstallFail(service.next(), QStringLiteral("1023"), 4);
+        const qint64 sleeper = pidIn(pidFile);
+        QVERIFY(sleeper > 0);
+        QTRY_VERIFY(!running(sleeper));
+    }
+
+    // A helper that dies with a request out: that module hears of it, one
+    // whose request was answered before does not.
+    void helperThatDiesAnswersWhatItHadOut()
+    {
+        TreeBuilder programs;
+        const QString pidFile = programs.path(QStringLiteral("helper.pid"));
+        useHelper(shellProgram(programs, "launcher",
+                               "exec 3<&0; \"$@\" <&3 & echo $! > '" + QFile::encodeName(pidFile) +
+                                   "'; wait $!"));
+        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
+        service.send(serviceDelete(4));
+        const auto first = service.nextSkippingProgress();
+        QVERIFY(first);
+        QCOMPARE(first->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));
+        const qint64 helper = pidIn(pidFile);
+        QVERIFY(helper > 0);
+        ::kill(pid_t(helper), SIGSTOP);
+        service.send(serviceDelete(5));
+        // The request has reached the helper when it waits at its input.
+        QTRY_VERIFY(waitingInput(helper) > 0);
+        ::kill(pid_t(helper), SIGKILL);
+        expectInstallFail(service.nextSkippingProgress(), QStringLiteral("1023"), 5);
+        // The next request starts the helper afresh; nothing else came in between.
+        service.send(serviceDelete(6));
+        const auto next = service.nextSkippingProgress();
+        QVERIFY(next);
+        QCOMPARE(next->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));
+        QCOMPARE(next->value(QStringLiteral("args")).toArray().last().toInteger(), 6);
     }
 };
 

@@ -23,7 +23,7 @@ Run cli(const QStringList &args, const QProcessEnvironment &env)
 {
     QProcess p;
     p.setProcessEnvironment(env);
-    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/cli/brenlow-cli"), args);
+    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), args);
     if (!p.waitForFinished(60000))
         qFatal("brenlow-cli did not finish");
     return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,

@@ -32,7 +32,7 @@ private slots:
         e.insert("HOME", env.home());
         e.insert("XDG_CONFIG_HOME", env.root() + "/config");
         cli.setProcessEnvironment(e);
-        cli.start(BRENLOW_TEST_BINARY_DIR "/cli/brenlow-cli", {"scan", "Auto Cleanup", "--json"});
+        cli.start(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli", {"scan", "Auto Cleanup", "--json"});
         QVERIFY(cli.waitForFinished(60000));
         QCOMPARE(cli.exitCode(), 0);
         const QJsonObject whole = QJsonDocument::fromJson(cli.readAllStandardOutput()).object();

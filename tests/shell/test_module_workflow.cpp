@@ -3,6 +3,7 @@
 
 #include "ShippedWindow.h"
 #include "TestPaths.h"
+#include "cleaner/clean/KestalCleanManager.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
@@ -23,6 +24,7 @@ namespace {
 constexpr int systemJunk = 1;
 constexpr int photoCache = 2;
 constexpr int trashBin = 4;
+const QByteArray realService = BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-service";
 
 // The index of the category titled so, and of its listed item named so.
 std::pair<int, int> itemOf(int module, const QString &category, const QString &name)
@@ -74,16 +76,15 @@ private slots:
     void initTestCase()
     {
         isolateUserSettings();
-        // What the process may not remove goes to the real service, which
-        // finds no helper here: such items fail and the log tells why.
-        qputenv("BRENLOW_SERVICE_PATH",
-                QByteArray(BRENLOW_TEST_BINARY_DIR) + "/libexec/brenlow/brenlow-service");
         qputenv("BRENLOW_HELPER_PATH", "/nonexistent/brenlow-helper");
         qputenv("BRENLOW_HELPER_LAUNCHER", "");
     }
 
     void init()
     {
+        // What the process may not remove goes to the real service, which
+        // finds no helper here: such items fail and the log tells why.
+        qputenv("BRENLOW_SERVICE_PATH", realService);
         m_world = std::make_unique<ShippedWindow>();
         m_home = &m_world->home;
         m_home->file(".cache/appA/blob.bin", 40000);
@@ -235,10 +236,20 @@ private slots:
     }
 
     // An item that vanished after the scan is refused in process, and the
-    // helper is not there: the row warns, a window says why, and the log
-    // names the item, its path cut, with the reason.
+    // helper, or the service before it, is not there: the run ends, the row
+    // warns, a window says why, and the log names the item, its path cut,
+    // with the reason.
+    void failuresReachTheLog_data()
+    {
+        QTest::addColumn<QByteArray>("service");
+        QTest::newRow("helper missing") << realService;
+        QTest::newRow("service missing") << QByteArray("/nonexistent/brenlow-service");
+    }
+
     void failuresReachTheLog()
     {
+        QFETCH(QByteArray, service);
+        qputenv("BRENLOW_SERVICE_PATH", service);
         auto *junk = bar(systemJunk);
         scanToResult(systemJunk);
         QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
@@ -255,7 +266,8 @@ private slots:
         KestalWarnningAndErrorViewController *warning = nullptr;
         QTRY_VERIFY((warning = qobject_cast<KestalWarnningAndErrorViewController *>(
                          QApplication::activeModalWidget())));
-        QVERIFY(!warning->descriptionLabel()->text().isEmpty());
+        QVERIFY(warning->descriptionLabel()->text().contains(
+            KestalCleanManager::installFailureText(QStringLiteral("1000"))));
         QTest::mouseClick(warning->okButton(), Qt::LeftButton);
         QTRY_VERIFY(!QApplication::activeModalWidget());
 
