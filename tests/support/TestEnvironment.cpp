@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <csignal>
 #include <cstdio>
 #include <grp.h>
@@ -63,6 +64,10 @@ void TestEnvironment::useShippedResources()
         QFile::remove(resources() + QLatin1Char('/') + name);
         QFile::copy(from + QLatin1Char('/') + name, resources() + QLatin1Char('/') + name);
     }
+    // The help pages are read, never written: the shipped folder itself.
+    if (QFileInfo::exists(from + QStringLiteral("/help")) &&
+        !QFileInfo::exists(resources() + QStringLiteral("/help")))
+        QFile::link(from + QStringLiteral("/help"), resources() + QStringLiteral("/help"));
 }
 
 void TestEnvironment::writeModules(const QVariant &rows)
