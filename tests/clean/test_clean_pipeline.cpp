@@ -179,7 +179,7 @@ private slots:
         QCOMPARE(snapshot(outside.root()), untouched);
         QCOMPARE(run.reports.first().status, 3);
         QVERIFY(!run.reports.first().result);
-        const QList<cleanFolder> &items =
+        const QList<cleanFolder> items =
             KestalModuleCleanService::cleanInfoDict().value(0).first().folders;
         QCOMPARE(items[0].status, 3);
         // The untouched sibling goes only where its folder is still the scanned one.
