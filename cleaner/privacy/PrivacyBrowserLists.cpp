@@ -81,11 +81,17 @@ BrowserGroups PrivacyFolderInfo::getChromeInfoList(const Progress &progress)
 
     BrowserGroups groups;
     const QString none;
-    if (visits.opened)
+    if (visits.opened) {
         addGroup(groups, visits.rows,
                  {BowserList::Visit, "url", "visit_time", 1000000, kChromeEpoch, "id", none, none,
                   kVisitIcon},
                  icon);
+        // A record's key is the id of its url row, which the joined query
+        // puts last; the visit's own id, the first, is what a clean takes.
+        const QList<FolderInfoPtr> &records = groups.value(BowserList::Visit)->children;
+        for (qsizetype i = 0; i < records.size(); ++i)
+            static_cast<PrivacyRecord &>(*records[i]).rowKey = visits.rows[i].firstValue("id");
+    }
     if (downloads.opened) {
         addGroup(groups, downloads.rows,
                  {BowserList::Download, "target_path", "start_time", 1000000, kChromeEpoch, "id",

@@ -151,9 +151,6 @@ PrivacyFolderInfo::Records PrivacyFolderInfo::getCategoryInfoList(
         auto node =
             record(int(out.first.size()), nameOf(row, nameORPath), icon, PrivacyService::singleSize,
                    dateOf(row, timeString, timeUnit, chromeTime), url, key);
-        // The row's own key, where a joined query's later column hides it.
-        if (cateType == BowserList::Visit && row.firstValue(dbNumber1) != key)
-            node->rowKey = row.firstValue(dbNumber1);
         out.first.append(std::move(node));
     }
     out.second = qint64(out.first.size()) * PrivacyService::singleSize;

@@ -180,8 +180,10 @@ inline Browsers makeBrowsers(TreeBuilder &home)
         b.logins(), QStringLiteral("chrome-login-data.sql"),
         QStringLiteral("insert into logins (origin_url,signon_realm,username_value,date_created,"
                        "blacklisted_by_user,scheme) values"
-                       " ('https://a.example/login','https://a.example/','ann,b',%1,0,0);")
-            .arg(kT1 * 100000));
+                       " ('https://a.example/login','https://a.example/','ann,b',%1,0,0),"
+                       " ('https://b.example/','https://b.example/','bob',%2,0,0);")
+            .arg(kT1 * 100000)
+            .arg(kT2 * 100000));
     makeStore(b.webData(), QStringLiteral("chrome-web-data.sql"),
               QStringLiteral("insert into autofill (name,value,value_lower,date_created) values"
                              " ('email','ann@a.example','ann@a.example',%1),"
@@ -209,7 +211,7 @@ inline Browsers makeBrowsers(TreeBuilder &home)
             "insert into moz_anno_attributes values (1,'downloads/destinationFileURI');"
             "insert into moz_annos (id,place_id,anno_attribute_id,content,dateAdded) values"
             " (1,1,1,'file://%3',%1),(2,2,1,'file:///nowhere/gone.zip',%2);"
-            "insert into moz_keywords (id,keyword,place_id) values (3,'al',1);")
+            "insert into moz_keywords (id,keyword,place_id) values (3,'al',1),(4,'be',2);")
             .arg(f1, f2, b.downloaded));
     makeStore(b.ffCookies(), QStringLiteral("firefox-cookies.sql"),
               QStringLiteral("insert into moz_cookies (id,name,value,host,path,expiry,creationTime)"
