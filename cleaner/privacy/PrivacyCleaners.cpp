@@ -301,6 +301,11 @@ void cleanGroup(Group &group, const Kind &kind, qint64 &size, int &number)
     case Work::Sql:
     case Work::SafariLocalStore: {
         const bool opened = openStore(kind.store);
+        // One transaction for the group's statements: a store is synced once,
+        // not once a record, and a clean cut short leaves all or none. A
+        // statement that fails inside it still only fails itself.
+        if (opened)
+            sqlite.execSQL(QStringLiteral("BEGIN;"));
         for (const Row &row : std::as_const(group.rows)) {
             QString sql;
             if (kind.work == Work::SafariLocalStore) {
@@ -324,8 +329,10 @@ void cleanGroup(Group &group, const Kind &kind, qint64 &size, int &number)
             number += 1;
             size += PrivacyService::singleSize;
         }
-        if (opened)
+        if (opened) {
+            sqlite.execSQL(QStringLiteral("COMMIT;"));
             sqlite.closeDB(kind.store, kind.closeV2);
+        }
         break;
     }
     case Work::Files:

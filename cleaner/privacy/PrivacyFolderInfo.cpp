@@ -51,7 +51,9 @@ QDateTime PrivacyFolderInfo::dateFromSeconds(double seconds)
 
 QUrl PrivacyFolderInfo::emptyFileURL()
 {
-    return QUrl(QStringLiteral("file://"));
+    // One shared value: a few hundred thousand records carry it.
+    static const QUrl url(QStringLiteral("file://"));
+    return url;
 }
 
 bool PrivacyFolderInfo::getDBInfo(const QString &path, const QString &sql, Rows &object,
