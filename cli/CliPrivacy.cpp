@@ -80,9 +80,9 @@ int groupIndex(const Category &c, const QString &name)
 }
 
 // Ticks what one BROWSER/GROUP[/RECORD-INDEX] names; false when it names nothing.
-bool select(const QString &spec)
+bool select(const QString &named)
 {
-    const QStringList parts = spec.split(QLatin1Char('/'));
+    const QStringList parts = named.split(QLatin1Char('/'));
     if (parts.size() < 2 || parts.size() > 3)
         return false;
     const int ci = browserIndex(parts[0]);
@@ -153,7 +153,7 @@ int CliPrivacy::clean(const QByteArrayList &args)
 {
     bool yes = false, json = false;
     QString mode = QStringLiteral("default");
-    QStringList specs;
+    QStringList selections;
     for (qsizetype i = 0; i < args.size(); ++i) {
         if (args[i] == "--yes") {
             yes = true;
@@ -165,19 +165,19 @@ int CliPrivacy::clean(const QByteArrayList &args)
                     "--select needs default, all or BROWSER/GROUP[/RECORD-INDEX]..."));
             mode = QString::fromLocal8Bit(args[++i]);
             if (mode != QLatin1String("default") && mode != QLatin1String("all")) {
-                specs << mode;
+                selections << mode;
                 while (i + 1 < args.size() && !args[i + 1].startsWith("--"))
-                    specs << QString::fromLocal8Bit(args[++i]);
+                    selections << QString::fromLocal8Bit(args[++i]);
             }
         }
     }
     CliCommands::runScan(kModule);
     if (mode == QLatin1String("all"))
         selectAll();
-    for (const QString &spec : std::as_const(specs)) {
-        if (!select(spec))
+    for (const QString &named : std::as_const(selections)) {
+        if (!select(named))
             return CliCommands::usage(
-                QStringLiteral("the scan listed no \"%1\"").arg(TerminalText::escaped(spec)));
+                QStringLiteral("the scan listed no \"%1\"").arg(TerminalText::escaped(named)));
     }
     const auto [total, count] = AppModuleService::calculateModuleSizeAndNumber(kModule);
     if (!yes && !CliCommands::confirmed(count, total))
