@@ -3,6 +3,7 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cli/CliPrivacy.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
 
@@ -34,7 +35,9 @@ int CliCommands::usage(const QString &reason)
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
                "       brenlow-cli scan MODULE [--json]\n"
-               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n",
+               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
+               "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
+               "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n",
                stderr);
     return 1;
 }
@@ -91,9 +94,11 @@ int CliCommands::run(const QByteArrayList &arguments)
         args.append(QString::fromLocal8Bit(a));
     if (command == "modules")
         return modules(args);
+    // The privacy module's records are no files: its commands are its own.
+    const bool privacy = CliPrivacy::namesPrivacy(arguments);
     if (command == "scan")
-        return scan(args);
+        return privacy ? CliPrivacy::scan(args) : scan(args);
     if (command == "clean")
-        return clean(arguments.mid(1));
+        return privacy ? CliPrivacy::clean(arguments.mid(1)) : clean(arguments.mid(1));
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

@@ -1,3 +1,4 @@
+#include "cleaner/privacy/PrivacyService.h"
 #include "cli/CliCommands.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("Brenlow"));
     QCoreApplication::setOrganizationName(QStringLiteral("Brenlow"));
     // The bytes as given: a name that is not UTF-8 must reach the comparison unchanged.
+    PrivacyService::registerWithScanDriver();
     QByteArrayList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QByteArray(argv[i]));

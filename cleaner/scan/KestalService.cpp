@@ -26,6 +26,8 @@ struct Tables {
 };
 
 std::unique_ptr<Tables> g_tables;
+// Set once by the layers above, before any scan; kept across resets.
+QHash<int, KestalService::ModuleScan> g_moduleScans;
 
 Tables &tables()
 {
@@ -191,6 +193,11 @@ void KestalService::handleEvents(DispatchTimer *timer)
         scanTimer().remove(module);
 }
 
+void KestalService::setModuleScan(int moduleIndex, ModuleScan scan)
+{
+    g_moduleScans.insert(moduleIndex, std::move(scan));
+}
+
 void KestalService::scanCategoryOfType(Category &c, const Progress &progress,
                                        const ShowPercent &showPercent)
 {
@@ -216,6 +223,33 @@ void KestalService::scan(int modelIndex, Progress progress, ShowPercent showPerc
     const QList<Category> categories = scanCategory().value(modelIndex).value_or(QList<Category>());
     if (categories.isEmpty())
         return; // no categories: the timer keeps running and done never comes
+
+    if (const ModuleScan own = g_moduleScans.value(modelIndex)) {
+        const int last = int(categories.size()) - 1;
+        const Progress quietProgress = [silenced, progress](const QString &path, qint64 size) {
+            if (!silenced() && progress)
+                progress(path, size);
+        };
+        const ShowPercent quietPercent = [silenced, showPercent](float step) {
+            if (!silenced() && showPercent)
+                showPercent(step);
+        };
+        const auto finished = [modelIndex, generation, last, done] {
+            if (tables().generation.value(modelIndex) != generation)
+                return; // a later scan of the module owns the tables now
+            scanCategory()[modelIndex] = AppModuleService::appModules()[modelIndex].categories;
+            if (isStopScan(modelIndex))
+                return; // stopped: the watchdog has published what there is
+            scanStatus()[modelIndex] = -1;
+            stopTimer(modelIndex);
+            if (done)
+                done(last);
+        };
+        Dispatch::globalAsync([own, quietProgress, quietPercent, finished] {
+            own(quietProgress, quietPercent, finished);
+        });
+        return;
+    }
 
     Dispatch::globalAsync([modelIndex, progress, showPercent, done, silenced, categories] {
         for (int ci = 0; ci < categories.size(); ++ci) {

@@ -55,6 +55,14 @@ public:
     // Drops every table, so the next use starts afresh (tests, a new module table).
     static void reset();
 
+    // A module whose scan is its own (privacy, the finders) is registered by
+    // the layer that owns it; scan() then runs it on the global queue in
+    // place of the category loop. The scan stores its categories itself and
+    // calls finished on the main thread; done then hears the last category.
+    using ModuleScan = std::function<void(Progress progress, ShowPercent showPercent,
+                                          std::function<void()> finished)>;
+    static void setModuleScan(int moduleIndex, ModuleScan scan);
+
     // Fills one category copy from its roots with the scanner its type names.
     static void scanCategoryOfType(Category &c, const Progress &progress,
                                    const ShowPercent &showPercent);

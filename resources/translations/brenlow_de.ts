@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome, Firefox und Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>Verlauf, Downloads, Cookies, Anmeldungen und Website-Daten von Chrome</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>Verlauf, Downloads, Cookies, Anmeldungen und Website-Daten von Firefox</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>Verlauf, Downloads und Website-Daten von Safari</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>Safari speichert auf diesem System nichts</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>Besuchte Seiten</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>Download-Verlauf</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>Heruntergeladene Dateien</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>Suchverlauf</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookies</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>Anmeldungen</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>Formulardaten</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>Lokaler HTML5-Speicher</translation>
+        </message>
     </context>
 </TS>

@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome, Firefox and Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>History, downloads, cookies, logins and website data of Chrome</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>History, downloads, cookies, logins and website data of Firefox</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>History, downloads and website data of Safari</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>Safari keeps nothing on this system</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>Visit History</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>Downloads History</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>Downloaded Files</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>Search History</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookies</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>Login History</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>Auto Fill History</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>HTML5 Local Storage</translation>
+        </message>
     </context>
 </TS>

@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome, Firefox y Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>Historial, descargas, cookies, inicios de sesión y datos de sitios de Chrome</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>Historial, descargas, cookies, inicios de sesión y datos de sitios de Firefox</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>Historial, descargas y datos de sitios de Safari</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>Safari no guarda nada en este sistema</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>Historial de visitas</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>Historial de descargas</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>Archivos descargados</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>Historial de búsqueda</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookies</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>Inicios de sesión</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>Datos de autocompletar</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>Almacenamiento local HTML5</translation>
+        </message>
     </context>
 </TS>

@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome, Firefox et Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>Historique, téléchargements, cookies, identifiants et données de sites de Chrome</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>Historique, téléchargements, cookies, identifiants et données de sites de Firefox</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>Historique, téléchargements et données de sites de Safari</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>Safari ne conserve rien sur ce système</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>Historique des visites</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>Historique des téléchargements</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>Fichiers téléchargés</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>Historique des recherches</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookies</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>Identifiants enregistrés</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>Saisie automatique</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>Stockage local HTML5</translation>
+        </message>
     </context>
 </TS>

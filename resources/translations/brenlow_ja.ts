@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome、Firefox、Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>Chrome の履歴、ダウンロード、Cookie、ログイン情報、Web サイトのデータ</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>Firefox の履歴、ダウンロード、Cookie、ログイン情報、Web サイトのデータ</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>Safari の履歴、ダウンロード、Web サイトのデータ</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>このシステムには Safari のデータはありません</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>閲覧履歴</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>ダウンロード履歴</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>ダウンロードしたファイル</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>検索履歴</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookie</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>ログイン履歴</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>自動入力の履歴</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>HTML5 ローカルストレージ</translation>
+        </message>
     </context>
 </TS>

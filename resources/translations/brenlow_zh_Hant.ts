@@ -695,5 +695,65 @@
             <source>Chrome, Firefox and Safari</source>
             <translation>Chrome、Firefox 與 Safari</translation>
         </message>
+        <message>
+            <source>Chrome</source>
+            <translation>Chrome</translation>
+        </message>
+        <message>
+            <source>Firefox</source>
+            <translation>Firefox</translation>
+        </message>
+        <message>
+            <source>Safari</source>
+            <translation>Safari</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Chrome</source>
+            <translation>Chrome 的記錄、下載項目、Cookie、登入資料與網站資料</translation>
+        </message>
+        <message>
+            <source>History, downloads, cookies, logins and website data of Firefox</source>
+            <translation>Firefox 的記錄、下載項目、Cookie、登入資料與網站資料</translation>
+        </message>
+        <message>
+            <source>History, downloads and website data of Safari</source>
+            <translation>Safari 的記錄、下載項目與網站資料</translation>
+        </message>
+        <message>
+            <source>Safari keeps nothing on this system</source>
+            <translation>此系統上沒有 Safari 的資料</translation>
+        </message>
+        <message>
+            <source>Visit History</source>
+            <translation>瀏覽記錄</translation>
+        </message>
+        <message>
+            <source>Downloads History</source>
+            <translation>下載記錄</translation>
+        </message>
+        <message>
+            <source>Downloaded Files</source>
+            <translation>已下載的檔案</translation>
+        </message>
+        <message>
+            <source>Search History</source>
+            <translation>搜尋記錄</translation>
+        </message>
+        <message>
+            <source>Cookies</source>
+            <translation>Cookie</translation>
+        </message>
+        <message>
+            <source>Login History</source>
+            <translation>登入記錄</translation>
+        </message>
+        <message>
+            <source>Auto Fill History</source>
+            <translation>自動填入記錄</translation>
+        </message>
+        <message>
+            <source>HTML5 Local Storage</source>
+            <translation>HTML5 本機儲存空間</translation>
+        </message>
     </context>
 </TS>

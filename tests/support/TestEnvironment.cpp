@@ -7,6 +7,7 @@
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
+#include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 
@@ -86,6 +87,7 @@ void TestEnvironment::resetCaches()
     Platform::reload();
     AppModuleService::reset();
     SettingInfo::reset();
+    PrivacyService::reset();
 }
 
 QVariantMap TestEnvironment::moduleRow(const QString &title, const QVariantList &categories,
