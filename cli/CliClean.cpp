@@ -2,6 +2,7 @@
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/finders/KestalLargeAndOldFileServices.h"
 #include "cleaner/scan/KestalService.h"
 #include "cli/CliCommands.h"
 #include "cli/ProgressBar.h"
@@ -52,6 +53,8 @@ bool applySelection(const CleanOptions &o, QString *missing)
         AppModuleService::updateState(categories[ci].files.isEmpty() ? 0 : state, o.module, ci,
                                       std::nullopt, std::nullopt);
     }
+    if (KestalService::hasOwnScan(o.module))
+        return CliCommands::selectFinderPaths(o.module, o.paths, missing);
     for (const QByteArray &wanted : o.paths) {
         bool found = false;
         for (int ci = 0; ci < categories.size(); ++ci) {
@@ -105,6 +108,8 @@ QString statusText(std::optional<CleanTriple> triple)
 
 bool CliCommands::runScan(int module)
 {
+    if (KestalService::hasOwnScan(module))
+        return runFinderScan(module);
     const int count =
         int(AppModuleService::appModules()[module].categories.value_or(QList<Category>()).size());
     if (count == 0)
@@ -154,11 +159,17 @@ int CliCommands::clean(const QStringList &args)
             rest.append(a);
         }
     }
+    FinderOptions finderOptions;
+    QString error;
+    if (!takeFinderOptions(rest, &finderOptions, &error))
+        return usage(error);
     if (rest.size() != 1)
         return usage(QStringLiteral("clean takes one MODULE"));
     o.module = resolveModule(rest.first());
     if (o.module < 0)
         return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
+    if (!applyFinderOptions(o.module, finderOptions, &error))
+        return usage(error);
     if (!runScan(o.module))
         return usage(QStringLiteral("module \"%1\" has nothing to scan").arg(rest.first()));
     QString missing;
@@ -176,8 +187,14 @@ int CliCommands::clean(const QStringList &args)
                 QCoreApplication::exit(0);
             }
         });
-    KestalModuleCleanService::analysisModule(o.module, recorder);
+    // The large and old files module lists one file in two categories.
+    if (o.module == KestalLargeAndOldFileServices::moduleIndex)
+        KestalModuleCleanService::largeAndOldAnalysisModule(o.module, recorder);
+    else
+        KestalModuleCleanService::analysisModule(o.module, recorder);
     QCoreApplication::exec();
+    if (KestalService::hasOwnScan(o.module))
+        afterFinderClean(o.module);
     return printCleanResult(o.module, runStatus, o.json);
 }
 

@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/finders/FinderScans.h"
 #include "cli/JsonOutput.h"
 
 #include <QCoreApplication>
@@ -26,7 +27,9 @@ int CliCommands::usage(const QString &reason)
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
                "       brenlow-cli scan MODULE [--json]\n"
-               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n",
+               "       brenlow-cli scan Duplicates [--path DIR] [--min-size KIB] [--json]\n"
+               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
+               "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n",
                stderr);
     return 1;
 }
@@ -77,6 +80,7 @@ int CliCommands::run(const QStringList &arguments)
     if (arguments.isEmpty())
         return usage(QStringLiteral("no command given"));
     SwitchLanguageService::initUserLanguage();
+    FinderScans::registerAll();
     const QString command = arguments.first();
     const QStringList args = arguments.mid(1);
     if (command == QLatin1String("modules"))

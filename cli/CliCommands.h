@@ -3,6 +3,7 @@
 #include "cleaner/core/ModuleTypes.h"
 
 #include <QStringList>
+#include <optional>
 
 // The commands of brenlow-cli; each returns the process's exit status:
 // 0 done, 1 bad usage or input, 2 some items failed.
@@ -26,4 +27,20 @@ public:
     static int printCleanResult(int module, int runStatus, bool json);
     // A category's title, size and files, one line each.
     static void printCategory(const Category &category);
+    // Prints a scanned module, as text or JSON.
+    static int printModule(int module, bool json);
+
+    // The finders (modules whose scan is their own).
+    struct FinderOptions {
+        std::optional<QString> path;
+        std::optional<qint64> minSize;
+    };
+    // Takes --path DIR and --min-size KIB out of args.
+    static bool takeFinderOptions(QStringList &args, FinderOptions *options, QString *error);
+    static bool applyFinderOptions(int module, const FinderOptions &options, QString *error);
+    static bool runFinderScan(int module);
+    // Ticks the listed files; false (with *missing) when a path was not listed.
+    static bool selectFinderPaths(int module, const QList<QByteArray> &paths, QString *missing);
+    // Brings the finder's lists up to date after a clean.
+    static void afterFinderClean(int module);
 };

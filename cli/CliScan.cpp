@@ -106,11 +106,22 @@ int CliCommands::scan(const QStringList &args)
 {
     QStringList rest = args;
     const bool json = rest.removeAll(QStringLiteral("--json")) > 0;
+    FinderOptions finderOptions;
+    QString error;
+    if (!takeFinderOptions(rest, &finderOptions, &error))
+        return usage(error);
     if (rest.size() != 1)
         return usage(QStringLiteral("scan takes one MODULE"));
     const int module = resolveModule(rest.first());
     if (module < 0)
         return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
+    if (!applyFinderOptions(module, finderOptions, &error))
+        return usage(error);
+    if (KestalService::hasOwnScan(module)) {
+        if (!runFinderScan(module))
+            return usage(QStringLiteral("module \"%1\" has nothing to scan").arg(rest.first()));
+        return printModule(module, json);
+    }
     // Module 0 is Auto Cleanup when its categories name child modules.
     if (const QList<int> children = autoCleanupChildren(); module == 0 && !children.isEmpty())
         return scanAutoCleanup(children, json);
@@ -147,7 +158,11 @@ int CliCommands::scan(const QStringList &args)
         });
     QCoreApplication::exec();
     bar.finish();
+    return printModule(module, json);
+}
 
+int CliCommands::printModule(int module, bool json)
+{
     const Module &m = AppModuleService::appModules()[module];
     if (json) {
         printOut(QString::fromUtf8(QJsonDocument(JsonOutput::module(m, module)).toJson()));

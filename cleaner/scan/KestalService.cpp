@@ -47,6 +47,40 @@ bool hasOwnCategoriesFromScan(int moduleIndex)
 
 int KestalService::timeInterval = 1;
 
+namespace {
+
+// Outlives reset(): registration happens once per process.
+QHash<int, KestalService::ModuleScan> &ownScans()
+{
+    static QHash<int, KestalService::ModuleScan> entries;
+    return entries;
+}
+
+} // namespace
+
+void KestalService::registerModuleScan(int modelIndex, ModuleScan entry)
+{
+    ownScans().insert(modelIndex, std::move(entry));
+}
+
+bool KestalService::hasOwnScan(int modelIndex)
+{
+    return ownScans().contains(modelIndex);
+}
+
+void KestalService::scanModule(int modelIndex, Progress progress, ShowPercent showPercent,
+                               Done done)
+{
+    const auto own = ownScans().constFind(modelIndex);
+    if (own == ownScans().constEnd())
+        return scan(modelIndex, std::move(progress), std::move(showPercent), std::move(done));
+    (*own)(std::move(progress), std::move(showPercent), [modelIndex, done] {
+        scanStatus()[modelIndex] = -1;
+        if (done)
+            done(-1);
+    });
+}
+
 QHash<int, int> &KestalService::scanStatus()
 {
     return tables().scanStatus;

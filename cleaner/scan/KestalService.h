@@ -38,6 +38,15 @@ public:
     static int timeInterval;
 
     static void scan(int modelIndex, Progress progress, ShowPercent showPercent, Done done);
+
+    // The modules whose scan is their own (the finders) register their entry
+    // here from a higher layer; the driver reaches them without knowing them.
+    using ModuleScan = std::function<void(Progress, ShowPercent, std::function<void()> done)>;
+    static void registerModuleScan(int modelIndex, ModuleScan entry);
+    static bool hasOwnScan(int modelIndex);
+    // Starts a module's scan: its registered entry, else the category loop.
+    // An own scan reports once, done(-1), and leaves its status finished.
+    static void scanModule(int modelIndex, Progress progress, ShowPercent showPercent, Done done);
     static void handleEvents(DispatchTimer *timer);
     static bool isStopScan(int moduleIndex);
     static bool judgeStopScan(int modelIndex);
