@@ -310,7 +310,10 @@ Category DuplicateService::categoryOfSet(QList<QByteArray> paths, int finder)
         if (findex == 0) {
             c.title = node->name;
             static const QMimeDatabase mimeTypes;
-            const QMimeType type = mimeTypes.mimeTypeForFile(QString::fromLocal8Bit(p));
+            // By name, as the walks do: reading each group's content for its
+            // type would cost more than finding the group.
+            const QMimeType type =
+                mimeTypes.mimeTypeForFile(node->name, QMimeDatabase::MatchExtension);
             if (!type.isDefault() && !type.comment().isEmpty())
                 c.type = type.comment();
         }

@@ -53,33 +53,48 @@ public:
                 digestAlone(m_inodes[0]);
             return;
         }
-        if (m_size <= IdenticalContent::wholeReadLimit)
-            groupWhole();
-        else
-            groupByBlocks();
+        groupByBlocks();
     }
 
 private:
+    // An open candidate: its file, and the chunk read last.
+    struct Open {
+        Open(const Inode *inode, int fd) : inode(inode), fd(fd) {}
+        Open(const Open &) = delete;
+        const Inode *inode;
+        int fd;
+        std::vector<char> chunk;
+        ~Open()
+        {
+            if (fd >= 0)
+                ::close(fd);
+        }
+    };
+    struct Set {
+        std::vector<Open *> members;
+        std::unique_ptr<Md5> md5;
+    };
+
     void unreadable(const Inode &inode)
     {
         if (m_size < IdenticalContent::streamingSize)
             m_out.unreadable.append(inode.paths);
     }
 
-    void addSet(const QString &digest, const std::vector<const Inode *> &members)
-    {
-        QList<QByteArray> paths;
-        for (const Inode *inode : members)
-            paths.append(inode->paths);
-        m_out.sets.append({digest, paths});
-    }
-
-    static qsizetype pathCount(const std::vector<const Inode *> &members)
+    static qsizetype pathCount(const std::vector<Open *> &members)
     {
         qsizetype n = 0;
-        for (const Inode *inode : members)
-            n += inode->paths.size();
+        for (const Open *f : members)
+            n += f->inode->paths.size();
         return n;
+    }
+
+    // Large files are read far: the kernel is told to read ahead.
+    int openFile(const QByteArray &path) const
+    {
+        if (m_size >= qint64(FileHash::chunkSize))
+            return FileHash::openForReading(path);
+        return ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     }
 
     // Hard links only: the file is one, its digest is read once.
@@ -91,82 +106,52 @@ private:
         m_out.sets.append({digest, inode.paths});
     }
 
-    bool readWhole(const QByteArray &path, QByteArray &into)
-    {
-        const int fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
-        if (fd < 0)
-            return false;
-        into.resize(qsizetype(m_size));
-        const bool ok = FileHash::readFully(fd, into.data(), size_t(m_size), 0);
-        ::close(fd);
-        return ok;
-    }
-
-    // Small files: each read once, whole; equal hashes are checked byte by byte.
-    void groupWhole()
-    {
-        std::vector<QByteArray> contents(m_inodes.size());
-        QMultiHash<quint64, size_t> byHash;
-        for (size_t i = 0; i < m_inodes.size(); ++i) {
-            if (m_stopped())
-                return;
-            if (!readWhole(m_inodes[i].paths.first(), contents[i])) {
-                unreadable(m_inodes[i]);
-                continue;
-            }
-            byHash.insert(XXH3_64bits(contents[i].constData(), size_t(m_size)), i);
-        }
-        for (const quint64 key : byHash.uniqueKeys()) {
-            QList<size_t> candidates = byHash.values(key);
-            std::sort(candidates.begin(), candidates.end());
-            while (!candidates.isEmpty()) {
-                const size_t first = candidates.takeFirst();
-                std::vector<const Inode *> members{&m_inodes[first]};
-                for (auto it = candidates.begin(); it != candidates.end();) {
-                    if (contents[*it] == contents[first]) {
-                        members.push_back(&m_inodes[*it]);
-                        it = candidates.erase(it);
-                    } else {
-                        ++it;
-                    }
-                }
-                if (pathCount(members) > 1)
-                    addSet(Md5::of(contents[first].constData(), size_t(m_size)), members);
-            }
-        }
-    }
-
-    // Larger files: first and last blocks first, then side-by-side chunks.
+    // The first look: a small file whole, a larger one its first and last
+    // blocks. Files stay open for the comparison that may follow.
     void groupByBlocks()
     {
         const qint64 block = IdenticalContent::blockSize;
-        std::vector<char> buffer(size_t(2 * block));
-        QMultiHash<quint64, size_t> byBlocks;
-        for (size_t i = 0; i < m_inodes.size(); ++i) {
+        // Small files are told apart by their first block alone: reading
+        // more of each costs more than comparing the few that agree.
+        const size_t head = size_t(std::min(m_size, block));
+        const bool tail = m_size > IdenticalContent::tailFrom;
+        std::vector<char> buffer(head + (tail ? size_t(block) : 0));
+        std::vector<std::unique_ptr<Open>> files;
+        QMultiHash<quint64, Open *> byBlocks;
+        for (const Inode &inode : m_inodes) {
             if (m_stopped())
                 return;
-            const int fd =
-                ::open(m_inodes[i].paths.first().constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
-            const bool ok =
-                fd >= 0 && FileHash::readFully(fd, buffer.data(), size_t(block), 0) &&
-                FileHash::readFully(fd, buffer.data() + block, size_t(block), m_size - block);
-            if (fd >= 0)
-                ::close(fd);
+            auto f = std::make_unique<Open>(&inode, openFile(inode.paths.first()));
+            const bool ok = f->fd >= 0 && FileHash::readFully(f->fd, buffer.data(), head, 0) &&
+                            (!tail || FileHash::readFully(f->fd, buffer.data() + head,
+                                                          size_t(block), m_size - block));
             if (!ok) {
-                unreadable(m_inodes[i]);
+                unreadable(inode);
                 continue;
             }
-            byBlocks.insert(XXH3_64bits(buffer.data(), buffer.size()), i);
+            byBlocks.insert(XXH3_64bits(buffer.data(), buffer.size()), f.get());
+            // A file read whole is not read again.
+            if (qint64(head) == m_size)
+                f->chunk.assign(buffer.begin(), buffer.begin() + qsizetype(head));
+            files.push_back(std::move(f));
+            // Past a few hundred candidates the descriptors are given back;
+            // the comparison opens them again.
+            if (files.size() > maxOpenFiles) {
+                ::close(files.back()->fd);
+                files.back()->fd = -1;
+            }
         }
         for (const quint64 key : byBlocks.uniqueKeys()) {
-            QList<size_t> candidates = byBlocks.values(key);
-            std::sort(candidates.begin(), candidates.end());
+            std::vector<Open *> candidates;
+            for (Open *f : byBlocks.values(key))
+                candidates.push_back(f);
             if (candidates.size() == 1) {
                 // Its own links can still make a set; no other file can.
-                if (m_inodes[candidates.first()].paths.size() > 1)
-                    digestAlone(m_inodes[candidates.first()]);
+                if (candidates.front()->inode->paths.size() > 1)
+                    digestAlone(*candidates.front()->inode);
                 continue;
             }
+            std::sort(candidates.begin(), candidates.end());
             if (candidates.size() > maxOpenFiles)
                 digestEach(candidates);
             else
@@ -176,18 +161,18 @@ private:
 
     // So many candidates that holding them all open could exhaust the
     // descriptors: each is digested alone and the sets are taken by digest.
-    static constexpr qsizetype maxOpenFiles = 256;
-    void digestEach(const QList<size_t> &candidates)
+    static constexpr size_t maxOpenFiles = 256;
+    void digestEach(const std::vector<Open *> &candidates)
     {
-        QHash<QString, std::vector<const Inode *>> byDigest;
-        for (const size_t i : candidates) {
+        QHash<QString, std::vector<Open *>> byDigest;
+        for (Open *f : candidates) {
             if (m_stopped())
                 return;
-            const QString digest = FileHash::md5HashOfFileAtPath(m_inodes[i].paths.first());
+            const QString digest = FileHash::md5HashOfFileAtPath(f->inode->paths.first());
             if (!digest.isEmpty())
-                byDigest[digest].push_back(&m_inodes[i]);
+                byDigest[digest].push_back(f);
             else
-                unreadable(m_inodes[i]);
+                unreadable(*f->inode);
         }
         for (auto it = byDigest.cbegin(); it != byDigest.cend(); ++it) {
             if (pathCount(it.value()) > 1)
@@ -195,49 +180,45 @@ private:
         }
     }
 
-    struct Open {
-        const Inode *inode;
-        int fd;
-        std::vector<char> chunk;
-    };
-    struct Set {
-        std::vector<Open *> members;
-        std::unique_ptr<Md5> md5;
-    };
-
-    void compareSideBySide(const QList<size_t> &candidates)
+    void addSet(const QString &digest, const std::vector<Open *> &members)
     {
-        std::vector<std::unique_ptr<Open>> files;
+        QList<QByteArray> paths;
+        for (const Open *f : members)
+            paths.append(f->inode->paths);
+        m_out.sets.append({digest, paths});
+    }
+
+    // Reads the candidates side by side, a chunk at a time, splitting them
+    // wherever their bytes differ; each part carries the MD5 of what its
+    // members share, taken from one of them.
+    void compareSideBySide(const std::vector<Open *> &candidates)
+    {
         Set start{{}, std::make_unique<Md5>()};
-        for (const size_t i : candidates) {
-            const int fd = FileHash::openForReading(m_inodes[i].paths.first());
-            if (fd < 0) {
-                unreadable(m_inodes[i]);
-                continue;
-            }
-            files.push_back(std::make_unique<Open>(Open{&m_inodes[i], fd, {}}));
-            start.members.push_back(files.back().get());
+        for (Open *f : candidates) {
+            if (f->fd < 0)
+                f->fd = openFile(f->inode->paths.first());
+            if (f->fd < 0)
+                unreadable(*f->inode);
+            else
+                start.members.push_back(f);
         }
         std::vector<Set> sets;
         sets.push_back(std::move(start));
         const size_t chunk = FileHash::chunkSize;
         for (qint64 offset = 0; offset < m_size && !sets.empty(); offset += qint64(chunk)) {
             if (m_stopped())
-                break;
+                return;
             const size_t length = size_t(std::min<qint64>(qint64(chunk), m_size - offset));
             std::vector<Set> next;
             for (Set &set : sets) {
-                std::vector<Open *> read;
-                for (Open *f : set.members) {
-                    f->chunk.resize(length);
-                    if (FileHash::readFully(f->fd, f->chunk.data(), length, offset))
-                        read.push_back(f);
-                    else
-                        unreadable(*f->inode);
-                }
-                // Split by content; every part carries the digest so far.
                 std::vector<Set> parts;
-                for (Open *f : read) {
+                for (Open *f : set.members) {
+                    const bool held = offset == 0 && f->chunk.size() == length;
+                    f->chunk.resize(length);
+                    if (!held && !FileHash::readFully(f->fd, f->chunk.data(), length, offset)) {
+                        unreadable(*f->inode);
+                        continue;
+                    }
                     auto same = std::find_if(parts.begin(), parts.end(), [&](const Set &p) {
                         return std::memcmp(p.members.front()->chunk.data(), f->chunk.data(),
                                            length) == 0;
@@ -251,10 +232,7 @@ private:
                                                       : std::make_unique<Md5>(*parts.front().md5)});
                 }
                 for (Set &part : parts) {
-                    std::vector<const Inode *> inodes;
-                    for (Open *f : part.members)
-                        inodes.push_back(f->inode);
-                    if (pathCount(inodes) < 2)
+                    if (pathCount(part.members) < 2)
                         continue;
                     part.md5->update(part.members.front()->chunk.data(), length);
                     next.push_back(std::move(part));
@@ -262,16 +240,8 @@ private:
             }
             sets = std::move(next);
         }
-        if (!m_stopped()) {
-            for (Set &set : sets) {
-                std::vector<const Inode *> inodes;
-                for (Open *f : set.members)
-                    inodes.push_back(f->inode);
-                addSet(set.md5->hexDigest(), inodes);
-            }
-        }
-        for (const auto &f : files)
-            ::close(f->fd);
+        for (Set &set : sets)
+            addSet(set.md5->hexDigest(), set.members);
     }
 
     qint64 m_size;

@@ -26,9 +26,9 @@ using MD5AndPath = QMultiHash<QString, QList<QByteArray>>;
 // Sorts the files of each size into sets of byte-identical files and gives
 // each set the MD5 of its content, reading as little as that allows:
 // - paths to one (device, inode) are one file and read once;
-// - files read whole when small; larger ones are first told apart by a hash
-//   of their first and last blocks, and a file that matches nothing is never
-//   read further;
+// - files are first told apart by a hash of their first and last blocks (of
+//   the whole file when that is smaller), and a file that matches nothing is
+//   never read further;
 // - the rest are compared chunk by chunk side by side, and the MD5 is taken
 //   of one copy of each identical set, in the same pass;
 // - sizes are shared out among the cores.
@@ -43,9 +43,9 @@ public:
     // The MD5 of no bytes, which every unreadable small file is given.
     static QString emptyDigest();
 
-    // Up to this size a file is read whole at the first look.
-    static constexpr qint64 wholeReadLimit = 128 * 1024;
     // From this size an unreadable file is dropped instead of digested as empty.
     static constexpr qint64 streamingSize = 31457280;
     static constexpr qint64 blockSize = 4096;
+    // Above this size the last block joins the first in the first look.
+    static constexpr qint64 tailFrom = 64 * 1024;
 };
