@@ -182,7 +182,9 @@ std::pair<SizeAndPath, MoreDoubleSize> DuplicateService::walk(const QByteArray &
             if (stopped(generation))
                 return;
             const TopEntry &entry = top[i];
-            if (barred(lastComponent(entry.path)))
+            // A package at the top is no more entered than one deeper down.
+            if (barred(lastComponent(entry.path)) ||
+                (entry.isDirectory && ResourceValues::isPackageName(lastComponent(entry.path))))
                 continue;
             if (entry.isDirectory)
                 walkFolder(entry.path, limit, generation, share);
