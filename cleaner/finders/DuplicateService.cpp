@@ -13,6 +13,7 @@
 #include <QMimeDatabase>
 #include <QScopeGuard>
 #include <QThread>
+#include <QtConcurrent/QtConcurrentMap>
 #include <algorithm>
 #include <atomic>
 #include <cstring>
@@ -333,13 +334,18 @@ void DuplicateService::organizeData(const MD5AndPath &md5AndPath, const Progress
     // The earlier result stays on show until here.
     post(generation, [] { storeCategories({}); });
 
-    QList<Category> categories;
+    QList<QList<QByteArray>> sets;
     for (auto it = md5AndPath.cbegin(); it != md5AndPath.cend(); ++it) {
-        if (stopped(generation))
-            return;
         if (it.value().size() >= 2)
-            categories.append(categoryOfSet(it.value(), 0));
+            sets.append(it.value());
     }
+    // Each group's files are read for their display values on all cores.
+    QList<Category> categories =
+        QtConcurrent::blockingMapped(sets, [generation](const QList<QByteArray> &paths) {
+            return stopped(generation) ? Category() : categoryOfSet(paths, 0);
+        });
+    if (stopped(generation))
+        return;
     // The digests come in no useful order: the biggest groups lead.
     std::sort(categories.begin(), categories.end(), [](const Category &a, const Category &b) {
         if (a.size != b.size)

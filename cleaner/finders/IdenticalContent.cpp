@@ -50,7 +50,7 @@ public:
     {
         if (m_inodes.size() == 1) {
             if (m_inodes[0].paths.size() > 1)
-                digestAlone(m_inodes[0]);
+                linksAlone(m_inodes[0]);
             return;
         }
         groupByBlocks();
@@ -70,10 +70,7 @@ private:
                 ::close(fd);
         }
     };
-    struct Set {
-        std::vector<Open *> members;
-        std::unique_ptr<Md5> md5;
-    };
+    using Set = std::vector<Open *>;
 
     void unreadable(const Inode &inode)
     {
@@ -97,14 +94,22 @@ private:
         return ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     }
 
-    // Hard links only: the file is one, its digest is read once.
-    void digestAlone(const Inode &inode)
+    // Hard links only: the paths are one file, identical without a
+    // comparison; its first block says whether it can be read.
+    void linksAlone(const Inode &inode)
     {
-        const QString digest = FileHash::md5HashOfFileAtPath(inode.paths.first());
-        if (digest.isEmpty())
+        const int fd = ::open(inode.paths.first().constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+        char block[IdenticalContent::blockSize];
+        const size_t length = size_t(std::min(m_size, qint64(sizeof block)));
+        const bool ok = fd >= 0 && FileHash::readFully(fd, block, length, 0);
+        if (fd >= 0)
+            ::close(fd);
+        if (!ok)
             return unreadable(inode);
-        m_out.sets.append({digest, inode.paths});
+        m_out.sets.append({setKey(), inode.paths});
     }
+
+    QString setKey() { return QStringLiteral("%1/%2").arg(m_size).arg(m_sets++); }
 
     // The first look: a small file whole, a larger one its first and last
     // blocks. Files stay open for the comparison that may follow.
@@ -148,7 +153,7 @@ private:
             if (candidates.size() == 1) {
                 // Its own links can still make a set; no other file can.
                 if (candidates.front()->inode->paths.size() > 1)
-                    digestAlone(*candidates.front()->inode);
+                    linksAlone(*candidates.front()->inode);
                 continue;
             }
             std::sort(candidates.begin(), candidates.end());
@@ -189,18 +194,18 @@ private:
     }
 
     // Reads the candidates side by side, a chunk at a time, splitting them
-    // wherever their bytes differ; each part carries the MD5 of what its
-    // members share, taken from one of them.
+    // wherever their bytes differ: what is left together at the end is
+    // byte for byte the same.
     void compareSideBySide(const std::vector<Open *> &candidates)
     {
-        Set start{{}, std::make_unique<Md5>()};
+        Set start;
         for (Open *f : candidates) {
             if (f->fd < 0)
                 f->fd = openFile(f->inode->paths.first());
             if (f->fd < 0)
                 unreadable(*f->inode);
             else
-                start.members.push_back(f);
+                start.push_back(f);
         }
         std::vector<Set> sets;
         sets.push_back(std::move(start));
@@ -212,7 +217,7 @@ private:
             std::vector<Set> next;
             for (Set &set : sets) {
                 std::vector<Set> parts;
-                for (Open *f : set.members) {
+                for (Open *f : set) {
                     const bool held = offset == 0 && f->chunk.size() == length;
                     f->chunk.resize(length);
                     if (!held && !FileHash::readFully(f->fd, f->chunk.data(), length, offset)) {
@@ -220,34 +225,29 @@ private:
                         continue;
                     }
                     auto same = std::find_if(parts.begin(), parts.end(), [&](const Set &p) {
-                        return std::memcmp(p.members.front()->chunk.data(), f->chunk.data(),
-                                           length) == 0;
+                        return std::memcmp(p.front()->chunk.data(), f->chunk.data(), length) == 0;
                     });
-                    if (same != parts.end()) {
-                        same->members.push_back(f);
-                        continue;
-                    }
-                    parts.push_back(Set{{f},
-                                        parts.empty() ? std::move(set.md5)
-                                                      : std::make_unique<Md5>(*parts.front().md5)});
+                    if (same != parts.end())
+                        same->push_back(f);
+                    else
+                        parts.push_back(Set{f});
                 }
                 for (Set &part : parts) {
-                    if (pathCount(part.members) < 2)
-                        continue;
-                    part.md5->update(part.members.front()->chunk.data(), length);
-                    next.push_back(std::move(part));
+                    if (pathCount(part) > 1)
+                        next.push_back(std::move(part));
                 }
             }
             sets = std::move(next);
         }
-        for (Set &set : sets)
-            addSet(set.md5->hexDigest(), set.members);
+        for (const Set &set : sets)
+            addSet(setKey(), set);
     }
 
     qint64 m_size;
     const IdenticalContent::StopTest &m_stopped;
     SizeResult &m_out;
     std::vector<Inode> m_inodes;
+    int m_sets = 0;
 };
 
 } // namespace

@@ -19,18 +19,20 @@ struct WalkedFile {
 // Files by exact size; the sizes that more than one file has.
 using SizeAndPath = QHash<qint64, QList<WalkedFile>>;
 using MoreDoubleSize = QSet<qint64>;
-// Sets of byte-identical files under the MD5 of their content; one entry per
-// set, so two sets that only share a digest are never merged.
+// Sets of byte-identical files, one entry a set. The key names the set
+// ("size/number"), except for the unreadable files, which are under the MD5
+// of no data. Sets proven by their bytes need no digest: none is shown or
+// kept, and equal bytes are the stronger proof.
 using MD5AndPath = QMultiHash<QString, QList<QByteArray>>;
 
-// Sorts the files of each size into sets of byte-identical files and gives
-// each set the MD5 of its content, reading as little as that allows:
+// Sorts the files of each size into sets of byte-identical files, reading as
+// little as that allows:
 // - paths to one (device, inode) are one file and read once;
 // - files are first told apart by a hash of their first and last blocks (of
 //   the whole file when that is smaller), and a file that matches nothing is
 //   never read further;
-// - the rest are compared chunk by chunk side by side, and the MD5 is taken
-//   of one copy of each identical set, in the same pass;
+// - the rest are compared chunk by chunk side by side, from the page cache,
+//   each leaving the comparison as soon as it matches no other;
 // - sizes are shared out among the cores.
 // A file that cannot be read below 30 MiB joins the set of the empty data's
 // digest (one for all sizes); one of 30 MiB or more is left out.

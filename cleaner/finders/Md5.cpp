@@ -26,11 +26,6 @@ Md5::~Md5()
     EVP_MD_CTX_free(m_context);
 }
 
-Md5::Md5(const Md5 &other) : m_context(EVP_MD_CTX_new())
-{
-    EVP_MD_CTX_copy_ex(m_context, other.m_context);
-}
-
 bool Md5::init()
 {
     return EVP_DigestInit_ex(m_context, md5Algorithm(), nullptr) == 1;

@@ -6,14 +6,13 @@
 
 typedef struct evp_md_ctx_st EVP_MD_CTX;
 
-// MD5 through OpenSSL: a running digest that can be copied, so two sets of
-// files that agreed up to a point each carry the digest of what they share.
+// MD5 through OpenSSL: a running digest, or the digest of bytes in memory.
 class Md5 {
 public:
     static constexpr size_t length = 16;
     Md5();
     ~Md5();
-    Md5(const Md5 &other);
+    Md5(const Md5 &) = delete;
     Md5 &operator=(const Md5 &) = delete;
 
     bool init();
