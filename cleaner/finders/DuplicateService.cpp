@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QMimeDatabase>
+#include <QMutex>
 #include <QScopeGuard>
 #include <QThread>
 #include <QtConcurrent/QtConcurrentMap>
@@ -60,6 +61,32 @@ const char *lastComponent(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
     return path.constData() + slash + 1;
+}
+
+// The MIME database's description of a name, by its extension: reading each
+// group's content for its type would cost more than finding the group. One
+// lookup an extension: the database compiles its wildcard patterns on every
+// lookup, which cost more than the rest of the collating.
+QString typeDescription(const QString &name)
+{
+    static const QMimeDatabase mimeTypes;
+    static QMutex lock;
+    static QHash<QString, QString> byExtension;
+    const qsizetype dot = name.indexOf(QLatin1Char('.'), 1);
+    const QString key = dot < 0 ? QString() : name.mid(dot).toLower();
+    if (!key.isEmpty()) {
+        QMutexLocker locked(&lock);
+        const auto it = byExtension.constFind(key);
+        if (it != byExtension.constEnd())
+            return *it;
+    }
+    const QMimeType type = mimeTypes.mimeTypeForFile(name, QMimeDatabase::MatchExtension);
+    const QString description = type.isDefault() ? QString() : type.comment();
+    if (!key.isEmpty()) {
+        QMutexLocker locked(&lock);
+        byExtension.insert(key, description);
+    }
+    return description;
 }
 
 void post(quint64 generation, Dispatch::Work work)
@@ -312,13 +339,9 @@ Category DuplicateService::categoryOfSet(QList<QByteArray> paths, int finder)
         }
         if (findex == 0) {
             c.title = node->name;
-            static const QMimeDatabase mimeTypes;
-            // By name, as the walks do: reading each group's content for its
-            // type would cost more than finding the group.
-            const QMimeType type =
-                mimeTypes.mimeTypeForFile(node->name, QMimeDatabase::MatchExtension);
-            if (!type.isDefault() && !type.comment().isEmpty())
-                c.type = type.comment();
+            const QString type = typeDescription(node->name);
+            if (!type.isEmpty())
+                c.type = type;
         }
         c.files.append(std::move(node));
     }
