@@ -7,19 +7,18 @@
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/Md5.h"
+#include "cleaner/finders/SharedWork.h"
 #include "cleaner/scan/KestalService.h"
 
 #include <QFile>
 #include <QMimeDatabase>
 #include <QMutex>
 #include <QScopeGuard>
-#include <QThread>
 #include <QtConcurrent/QtConcurrentMap>
 #include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <optional>
-#include <thread>
 
 namespace {
 
@@ -201,32 +200,21 @@ std::pair<SizeAndPath, MoreDoubleSize> DuplicateService::walk(const QByteArray &
         }
     }
     // The top-level entries are shared out among the cores.
-    const int threads = int(std::min<qsizetype>(std::max(2, QThread::idealThreadCount()),
-                                                std::max<qsizetype>(top.size(), 1)));
-    std::vector<WalkShare> shares(static_cast<size_t>(threads));
-    std::atomic<qsizetype> next{0};
-    const auto work = [&](WalkShare &share) {
-        for (qsizetype i = next++; i < top.size(); i = next++) {
-            if (stopped(generation))
-                return;
-            const TopEntry &entry = top[i];
+    std::vector<WalkShare> shares = shareOut<WalkShare>(
+        size_t(top.size()),
+        [&](size_t i, WalkShare &share) {
+            const TopEntry &entry = top[qsizetype(i)];
             // A package at the top is no more entered than one deeper down.
             if (barred(lastComponent(entry.path)) ||
                 (entry.isDirectory && ResourceValues::isPackageName(lastComponent(entry.path))))
-                continue;
+                return;
             if (entry.isDirectory)
                 walkFolder(entry.path, limit, generation, share);
             else if (entry.isRegularFile && entry.size > limit)
                 share.sizeAndPath[entry.size].append(
                     WalkedFile{entry.path, entry.device, entry.inode});
-        }
-    };
-    std::vector<std::thread> pool;
-    for (int t = 1; t < threads; ++t)
-        pool.emplace_back(work, std::ref(shares[size_t(t)]));
-    work(shares[0]);
-    for (std::thread &t : pool)
-        t.join();
+        },
+        [generation] { return stopped(generation); });
 
     SizeAndPath sizeAndPath = std::move(shares[0].sizeAndPath);
     for (size_t t = 1; t < shares.size(); ++t) {

@@ -2,15 +2,13 @@
 
 #include "cleaner/finders/FileHash.h"
 #include "cleaner/finders/Md5.h"
+#include "cleaner/finders/SharedWork.h"
 
-#include <QThread>
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <mutex>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 #include <xxhash.h>
@@ -258,7 +256,7 @@ QString IdenticalContent::emptyDigest()
 }
 
 MD5AndPath IdenticalContent::group(const SizeAndPath &sizeAndPath, const MoreDoubleSize &sizes,
-                                   const StopTest &stopped, int threads)
+                                   const StopTest &stopped)
 {
     // The biggest work first, so the cores finish together.
     std::vector<qint64> order(sizes.begin(), sizes.end());
@@ -266,31 +264,18 @@ MD5AndPath IdenticalContent::group(const SizeAndPath &sizeAndPath, const MoreDou
         const qint64 wa = a * sizeAndPath.value(a).size(), wb = b * sizeAndPath.value(b).size();
         return wa != wb ? wa > wb : a > b;
     });
-    if (threads <= 0)
-        threads = std::max(2, QThread::idealThreadCount());
-    threads = int(std::min<size_t>(size_t(threads), std::max<size_t>(order.size(), 1)));
-
-    std::atomic<size_t> nextIndex{0};
-    std::vector<SizeResult> results(static_cast<size_t>(threads));
-    const auto work = [&](SizeResult &out) {
-        for (size_t i = nextIndex++; i < order.size(); i = nextIndex++) {
-            if (stopped())
-                return;
+    const std::vector<SizeResult> results = shareOut<SizeResult>(
+        order.size(),
+        [&](size_t i, SizeResult &out) {
             const auto it = sizeAndPath.constFind(order[i]);
             if (it != sizeAndPath.constEnd() && it->size() > 1)
                 SizeGroup(order[i], *it, stopped, out).run();
-        }
-    };
-    std::vector<std::thread> pool;
-    for (int t = 1; t < threads; ++t)
-        pool.emplace_back(work, std::ref(results[size_t(t)]));
-    work(results[0]);
-    for (std::thread &t : pool)
-        t.join();
+        },
+        stopped);
 
     MD5AndPath md5AndPath;
     QList<QByteArray> unreadable;
-    for (SizeResult &r : results) {
+    for (const SizeResult &r : results) {
         for (auto &[digest, paths] : r.sets)
             md5AndPath.insert(digest, paths);
         unreadable.append(r.unreadable);

@@ -41,7 +41,7 @@ public:
     using StopTest = std::function<bool()>;
 
     static MD5AndPath group(const SizeAndPath &sizeAndPath, const MoreDoubleSize &sizes,
-                            const StopTest &stopped, int threads = 0);
+                            const StopTest &stopped);
     // The MD5 of no bytes, which every unreadable small file is given.
     static QString emptyDigest();
 
