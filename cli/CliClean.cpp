@@ -5,27 +5,17 @@
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
 #include "cleaner/scan/KestalService.h"
 #include "cli/CliCommands.h"
-#include "cli/ProgressBar.h"
+#include "cli/JsonOutput.h"
+#include "cli/TerminalText.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTextStream>
-#include <QThreadPool>
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
-
-struct CleanOptions {
-    int module = -1;
-    QString select = QStringLiteral("default");
-    QList<QByteArray> paths;
-    bool yes = false;
-    bool json = false;
-};
 
 QByteArray trimmedPath(QByteArray path)
 {
@@ -34,63 +24,52 @@ QByteArray trimmedPath(QByteArray path)
     return path;
 }
 
-QString shownPath(const FolderInfo &node)
+// An argument as an absolute path, cleaned of "." and ".." steps and
+// repeated slashes, byte for byte: no step of it is decoded.
+QByteArray absolutePath(const QByteArray &argument)
 {
-    return QString::fromLocal8Bit(trimmedPath(FolderInfo::pathBytes(node.url)));
+    QByteArray path = argument;
+    if (!path.startsWith('/')) {
+        char here[4096];
+        path = QByteArray(getcwd(here, sizeof here) ? here : "/") + '/' + path;
+    }
+    QByteArrayList steps;
+    for (const QByteArray &step : path.split('/')) {
+        if (step.isEmpty() || step == ".")
+            continue;
+        if (step == "..") {
+            if (!steps.isEmpty())
+                steps.removeLast();
+            continue;
+        }
+        steps.append(step);
+    }
+    return '/' + steps.join('/');
 }
 
-// Applies --select to the scanned tree; false (with *missing) when a PATH
-// names nothing the scan listed.
-bool applySelection(const CleanOptions &o, QString *missing)
+// Ticks every node of module whose path is wanted; true when any was.
+bool selectPath(int module, const QByteArray &wanted)
 {
-    QList<Category> &categories = AppModuleService::categoriesOf(o.module);
-    if (o.select == QLatin1String("default"))
-        return true;
-    const int state = o.select == QLatin1String("all") ? 1 : 0;
+    bool found = false;
+    const QList<Category> &categories = AppModuleService::categoriesOf(module);
     for (int ci = 0; ci < categories.size(); ++ci) {
-        if (!categories[ci].files.isEmpty())
-            AppModuleService::updateState(state, o.module, ci, -1, -1);
-        AppModuleService::updateState(categories[ci].files.isEmpty() ? 0 : state, o.module, ci,
-                                      std::nullopt, std::nullopt);
-    }
-    if (KestalService::hasOwnScan(o.module))
-        return CliCommands::selectFinderPaths(o.module, o.paths, missing);
-    for (const QByteArray &wanted : o.paths) {
-        bool found = false;
-        for (int ci = 0; ci < categories.size(); ++ci) {
-            const QList<FolderInfoPtr> files = categories[ci].files;
-            for (int fi = 0; fi < files.size(); ++fi) {
-                if (trimmedPath(FolderInfo::pathBytes(files[fi]->url)) == wanted) {
-                    if (!files[fi]->children.isEmpty())
-                        AppModuleService::updateState(1, o.module, ci, fi, -1);
-                    AppModuleService::updateState(1, o.module, ci, fi, std::nullopt);
+        const QList<FolderInfoPtr> files = categories[ci].files;
+        for (int fi = 0; fi < files.size(); ++fi) {
+            if (trimmedPath(FolderInfo::pathBytes(files[fi]->url)) == wanted) {
+                if (!files[fi]->children.isEmpty())
+                    AppModuleService::updateState(1, module, ci, fi, -1);
+                AppModuleService::updateState(1, module, ci, fi, std::nullopt);
+                found = true;
+            }
+            for (int k = 0; k < files[fi]->children.size(); ++k) {
+                if (trimmedPath(FolderInfo::pathBytes(files[fi]->children[k]->url)) == wanted) {
+                    AppModuleService::updateState(1, module, ci, fi, k);
                     found = true;
-                }
-                for (int k = 0; k < files[fi]->children.size(); ++k) {
-                    if (trimmedPath(FolderInfo::pathBytes(files[fi]->children[k]->url)) == wanted) {
-                        AppModuleService::updateState(1, o.module, ci, fi, k);
-                        found = true;
-                    }
                 }
             }
         }
-        if (!found) {
-            *missing = QString::fromLocal8Bit(wanted);
-            return false;
-        }
     }
-    return true;
-}
-
-bool confirmed()
-{
-    std::fprintf(stderr, "%s [y/N] ",
-                 getLocalizedString(QStringLiteral("Are you sure to delete selected files?"))
-                     .toLocal8Bit()
-                     .constData());
-    QTextStream in(stdin);
-    const QString answer = in.readLine().trimmed().toLower();
-    return answer == QLatin1String("y") || answer == QLatin1String("yes");
+    return found;
 }
 
 QString statusText(std::optional<CleanTriple> triple)
@@ -106,57 +85,69 @@ QString statusText(std::optional<CleanTriple> triple)
 
 } // namespace
 
-bool CliCommands::runScan(int module)
+bool CliCommands::applySelection(const CleanOptions &o, const QList<int> &modules,
+                                 QByteArray *missing)
 {
-    if (KestalService::hasOwnScan(module))
-        return runFinderScan(module);
-    const int count =
-        int(AppModuleService::appModules()[module].categories.value_or(QList<Category>()).size());
-    if (count == 0)
-        return false;
-    ProgressBar bar;
-    qint64 seen = 0;
-    KestalService::scan(
-        module, [&](const QString &path, qint64 size) { bar.update(0, seen += size, path); },
-        [](float) {},
-        [&](int ci) {
-            bar.update(double(ci + 1) / count, seen, QString());
-            if (ci + 1 == count)
-                QCoreApplication::exit(0);
-        });
-    QCoreApplication::exec();
-    // The scan's task may still ask the main thread for one more read after
-    // the last category: serve it, or leaving would wait for that task for ever.
-    while (!QThreadPool::globalInstance()->waitForDone(10))
-        QCoreApplication::processEvents();
-    bar.finish();
+    if (o.select == QLatin1String("default"))
+        return true;
+    const int state = o.select == QLatin1String("all") ? 1 : 0;
+    for (int module : modules) {
+        QList<Category> &categories = AppModuleService::categoriesOf(module);
+        for (int ci = 0; ci < categories.size(); ++ci) {
+            if (!categories[ci].files.isEmpty())
+                AppModuleService::updateState(state, module, ci, -1, -1);
+            AppModuleService::updateState(categories[ci].files.isEmpty() ? 0 : state, module, ci,
+                                          std::nullopt, std::nullopt);
+        }
+    }
+    for (const QByteArray &wanted : o.paths) {
+        bool found = false;
+        for (int module : modules)
+            found = selectPath(module, wanted) || found;
+        if (!found) {
+            *missing = wanted;
+            return false;
+        }
+    }
     return true;
 }
 
-int CliCommands::clean(const QStringList &args)
+bool CliCommands::confirmed(int number, double size)
+{
+    std::fprintf(stderr, "%d items, %s\n%s [y/N] ", number,
+                 sizeText(qint64(size)).toLocal8Bit().constData(),
+                 getLocalizedString(QStringLiteral("Are you sure to delete selected files?"))
+                     .toLocal8Bit()
+                     .constData());
+    QTextStream in(stdin);
+    const QString answer = in.readLine().trimmed().toLower();
+    return answer == QLatin1String("y") || answer == QLatin1String("yes");
+}
+
+int CliCommands::clean(const QByteArrayList &args)
 {
     CleanOptions o;
     QStringList rest;
     for (qsizetype i = 0; i < args.size(); ++i) {
-        const QString &a = args[i];
-        if (a == QLatin1String("--yes")) {
+        const QByteArray &a = args[i];
+        if (a == "--yes") {
             o.yes = true;
-        } else if (a == QLatin1String("--json")) {
+        } else if (a == "--json") {
             o.json = true;
-        } else if (a == QLatin1String("--select")) {
+        } else if (a == "--select") {
             if (i + 1 >= args.size())
                 return usage(QStringLiteral("--select needs default, all or PATH..."));
-            o.select = args[++i];
-            if (o.select != QLatin1String("default") && o.select != QLatin1String("all")) {
-                o.paths.append(trimmedPath(QFile::encodeName(
-                    QDir::cleanPath(QDir::current().absoluteFilePath(o.select)))));
-                while (i + 1 < args.size() && !args[i + 1].startsWith(QLatin1String("--")))
-                    o.paths.append(trimmedPath(QFile::encodeName(
-                        QDir::cleanPath(QDir::current().absoluteFilePath(args[++i])))));
-                o.select = QStringLiteral("paths");
+            const QByteArray first = args[++i];
+            if (first == "default" || first == "all") {
+                o.select = QString::fromLatin1(first);
+                continue;
             }
+            o.select = QStringLiteral("paths");
+            o.paths.append(absolutePath(first));
+            while (i + 1 < args.size() && !args[i + 1].startsWith("--"))
+                o.paths.append(absolutePath(args[++i]));
         } else {
-            rest.append(a);
+            rest.append(QString::fromLocal8Bit(a));
         }
     }
     FinderOptions finderOptions;
@@ -167,15 +158,33 @@ int CliCommands::clean(const QStringList &args)
         return usage(QStringLiteral("clean takes one MODULE"));
     o.module = resolveModule(rest.first());
     if (o.module < 0)
-        return usage(QStringLiteral("no module named \"%1\"").arg(rest.first()));
+        return usage(
+            QStringLiteral("no module named \"%1\"").arg(TerminalText::escaped(rest.first())));
     if (!applyFinderOptions(o.module, finderOptions, &error))
         return usage(error);
+    // Module 0 is Auto Cleanup when its categories name child modules.
+    if (const QList<int> children = autoCleanupChildren(); o.module == 0 && !children.isEmpty())
+        return cleanAutoCleanup(o, children);
     if (!runScan(o.module))
-        return usage(QStringLiteral("module \"%1\" has nothing to scan").arg(rest.first()));
-    QString missing;
-    if (!applySelection(o, &missing))
-        return usage(QStringLiteral("the scan did not list \"%1\"").arg(missing));
-    if (!o.yes && !confirmed())
+        return usage(QStringLiteral("module \"%1\" has nothing to scan")
+                         .arg(TerminalText::escaped(rest.first())));
+    QByteArray missing;
+    bool listed = false;
+    if (KestalService::hasOwnScan(o.module) && o.select == QLatin1String("paths")) {
+        // Everything unticked first; a file shown twice is then ticked once.
+        CleanOptions nothing = o;
+        nothing.select = QStringLiteral("none");
+        nothing.paths.clear();
+        listed = applySelection(nothing, {o.module}, &missing) &&
+                 selectFinderPaths(o.module, o.paths, &missing);
+    } else {
+        listed = applySelection(o, {o.module}, &missing);
+    }
+    if (!listed)
+        return usage(QStringLiteral("the scan did not list \"%1\"")
+                         .arg(TerminalText::escapedBytes(missing)));
+    const auto [size, number] = AppModuleService::calculateModuleSizeAndNumber(o.module);
+    if (!o.yes && !confirmed(number, size))
         return 1;
 
     int runStatus = 0;
@@ -195,10 +204,15 @@ int CliCommands::clean(const QStringList &args)
     QCoreApplication::exec();
     if (KestalService::hasOwnScan(o.module))
         afterFinderClean(o.module);
-    return printCleanResult(o.module, runStatus, o.json);
+    const CleanReport report = cleanReport(o.module, runStatus);
+    if (o.json)
+        printJson(QJsonDocument(report.record));
+    else
+        printCleanReport(report.record);
+    return report.failed ? 2 : 0;
 }
 
-int CliCommands::printCleanResult(int module, int runStatus, bool json)
+CliCommands::CleanReport CliCommands::cleanReport(int module, int runStatus)
 {
     const Module &m = AppModuleService::appModules()[module];
     const QList<Category> categories = m.categories.value_or(QList<Category>());
@@ -212,19 +226,13 @@ int CliCommands::printCleanResult(int module, int runStatus, bool json)
         const cleanCategory &c = plan[i];
         const std::optional<CleanTriple> triple =
             results.contains(c.ci) ? std::optional(results.value(c.ci)) : std::nullopt;
-        const QString title =
-            getLocalizedString(i < categories.size() ? categories[i].title : QString());
-        categoryRows.append(
-            QJsonObject{{QStringLiteral("title"), title},
-                        {QStringLiteral("status"), triple ? triple->status : runStatus},
-                        {QStringLiteral("number"), triple ? triple->number : 0},
-                        {QStringLiteral("size"), triple ? triple->size : 0}});
-        if (!json)
-            printOut(QStringLiteral("  %1  %2  %3 items  %4\n")
-                         .arg(title, -28)
-                         .arg(statusText(triple), -12)
-                         .arg(triple ? triple->number : 0)
-                         .arg(sizeText(triple ? triple->size : 0)));
+        categoryRows.append(QJsonObject{
+            {QStringLiteral("title"),
+             getLocalizedString(i < categories.size() ? categories[i].title : QString())},
+            {QStringLiteral("status"), triple ? triple->status : runStatus},
+            {QStringLiteral("statusText"), statusText(triple)},
+            {QStringLiteral("number"), triple ? triple->number : 0},
+            {QStringLiteral("size"), triple ? triple->size : 0}});
         for (const cleanFolder &entry : c.folders) {
             QList<cleanFolder> items =
                 entry.children.isEmpty() ? QList<cleanFolder>{entry} : entry.children;
@@ -232,35 +240,44 @@ int CliCommands::printCleanResult(int module, int runStatus, bool json)
                 if (item.status == 1 || item.status == 999)
                     continue;
                 failed = true;
-                failureRows.append(
-                    QJsonObject{{QStringLiteral("path"), shownPath(*item.folder)},
+                const QByteArray path = trimmedPath(FolderInfo::pathBytes(item.folder->url));
+                QJsonObject row{{QStringLiteral("path"), QString::fromUtf8(path)},
                                 {QStringLiteral("status"), item.status},
-                                {QStringLiteral("reason"), cleanFailureReason(item.status)}});
+                                {QStringLiteral("reason"), cleanFailureReason(item.status)}};
+                JsonOutput::addRawBytes(row, QStringLiteral("pathBytes"), path);
+                failureRows.append(row);
             }
         }
     }
-    if (json) {
-        const QJsonObject o{{QStringLiteral("module"), m.title},
-                            {QStringLiteral("status"), runStatus},
-                            {QStringLiteral("number"), number},
-                            {QStringLiteral("size"), size},
-                            {QStringLiteral("categories"), categoryRows},
-                            {QStringLiteral("failures"), failureRows}};
-        QJsonObject shown = o;
-        if (runStatus == -2)
-            shown.insert(QStringLiteral("installFailure"), installFailureReason(module));
-        printOut(QString::fromUtf8(QJsonDocument(shown).toJson()));
-    } else {
-        printOut(QStringLiteral("%1: %2 items, %3\n")
-                     .arg(getLocalizedString(QStringLiteral("Cleaned")))
-                     .arg(number)
-                     .arg(sizeText(size)));
-        if (runStatus == -2)
-            printOut(installFailureReason(module) + QLatin1Char('\n'));
-        for (const QJsonValue &f : std::as_const(failureRows))
-            printOut(QStringLiteral("  %1: %2\n")
-                         .arg(f[QStringLiteral("path")].toString(),
-                              f[QStringLiteral("reason")].toString()));
+    const QJsonObject record{
+        {QStringLiteral("module"), m.title},          {QStringLiteral("status"), runStatus},
+        {QStringLiteral("number"), number},           {QStringLiteral("size"), size},
+        {QStringLiteral("categories"), categoryRows}, {QStringLiteral("failures"), failureRows}};
+    QJsonObject shown = record;
+    if (runStatus == -2)
+        shown.insert(QStringLiteral("installFailure"), installFailureReason(module));
+    return {shown, failed};
+}
+
+void CliCommands::printCleanReport(const QJsonObject &record)
+{
+    const auto text = [](const QJsonValue &v) { return TerminalText::escaped(v.toString()); };
+    for (const QJsonValue &c : record[QStringLiteral("categories")].toArray())
+        printOut(QStringLiteral("  %1  %2  %3 items  %4\n")
+                     .arg(text(c[QStringLiteral("title")]), -28)
+                     .arg(text(c[QStringLiteral("statusText")]), -12)
+                     .arg(c[QStringLiteral("number")].toInt())
+                     .arg(sizeText(c[QStringLiteral("size")].toInteger())));
+    printOut(QStringLiteral("%1: %2 items, %3\n")
+                 .arg(getLocalizedString(QStringLiteral("Cleaned")))
+                 .arg(record[QStringLiteral("number")].toInt())
+                 .arg(sizeText(record[QStringLiteral("size")].toInteger())));
+    if (record.contains(QStringLiteral("installFailure")))
+        printOut(text(record[QStringLiteral("installFailure")]) + QLatin1Char('\n'));
+    for (const QJsonValue &f : record[QStringLiteral("failures")].toArray()) {
+        const QByteArray path =
+            JsonOutput::rawBytes(f.toObject(), QStringLiteral("path"), QStringLiteral("pathBytes"));
+        printOut(QStringLiteral("  %1: %2\n")
+                     .arg(TerminalText::escapedBytes(path), text(f[QStringLiteral("reason")])));
     }
-    return failed ? 2 : 0;
 }

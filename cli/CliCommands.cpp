@@ -4,6 +4,7 @@
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/FinderScans.h"
 #include "cli/JsonOutput.h"
+#include "cli/TerminalText.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -17,6 +18,12 @@ void CliCommands::printOut(const QString &text)
     std::fputs(text.toLocal8Bit().constData(), stdout);
 }
 
+void CliCommands::printJson(const QJsonDocument &document)
+{
+    const QByteArray text = TerminalText::json(document);
+    std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+}
+
 QString CliCommands::sizeText(qint64 bytes)
 {
     return QLocale::system().formattedDataSize(bytes);
@@ -24,6 +31,7 @@ QString CliCommands::sizeText(qint64 bytes)
 
 int CliCommands::usage(const QString &reason)
 {
+    // The reason may quote what was typed: it is escaped where it is made.
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
                "       brenlow-cli scan MODULE [--json]\n"
@@ -66,28 +74,30 @@ int CliCommands::modules(const QStringList &args)
         } else if (!m.isHeader()) {
             printOut(QStringLiteral("%1  %2  %3\n")
                          .arg(i, 2)
-                         .arg(getLocalizedString(m.title), -22)
-                         .arg(getLocalizedString(m.description)));
+                         .arg(TerminalText::escaped(getLocalizedString(m.title)), -22)
+                         .arg(TerminalText::escaped(getLocalizedString(m.description))));
         }
     }
     if (json)
-        printOut(QString::fromUtf8(QJsonDocument(array).toJson()));
+        printJson(QJsonDocument(array));
     return 0;
 }
 
-int CliCommands::run(const QStringList &arguments)
+int CliCommands::run(const QByteArrayList &arguments)
 {
     if (arguments.isEmpty())
         return usage(QStringLiteral("no command given"));
     SwitchLanguageService::initUserLanguage();
     FinderScans::registerAll();
-    const QString command = arguments.first();
-    const QStringList args = arguments.mid(1);
-    if (command == QLatin1String("modules"))
+    const QByteArray command = arguments.first();
+    QStringList args;
+    for (const QByteArray &a : arguments.mid(1))
+        args.append(QString::fromLocal8Bit(a));
+    if (command == "modules")
         return modules(args);
-    if (command == QLatin1String("scan"))
+    if (command == "scan")
         return scan(args);
-    if (command == QLatin1String("clean"))
-        return clean(args);
-    return usage(QStringLiteral("unknown command \"%1\"").arg(command));
+    if (command == "clean")
+        return clean(arguments.mid(1));
+    return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

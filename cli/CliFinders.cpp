@@ -80,7 +80,7 @@ bool CliCommands::runFinderScan(int module)
     return true;
 }
 
-bool CliCommands::selectFinderPaths(int module, const QList<QByteArray> &paths, QString *missing)
+bool CliCommands::selectFinderPaths(int module, const QByteArrayList &paths, QByteArray *missing)
 {
     QList<Category> &categories = AppModuleService::categoriesOf(module);
     for (const QByteArray &wanted : paths) {
@@ -100,7 +100,7 @@ bool CliCommands::selectFinderPaths(int module, const QList<QByteArray> &paths, 
             }
         }
         if (!found) {
-            *missing = QString::fromLocal8Bit(wanted);
+            *missing = wanted;
             return false;
         }
     }

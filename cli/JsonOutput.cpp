@@ -1,5 +1,7 @@
 #include "cli/JsonOutput.h"
 
+#include "cli/TerminalText.h"
+
 #include <QJsonArray>
 
 QJsonObject JsonOutput::node(const FolderInfo &n)
@@ -7,7 +9,7 @@ QJsonObject JsonOutput::node(const FolderInfo &n)
     QJsonArray children;
     for (const FolderInfoPtr &child : n.children)
         children.append(node(*child));
-    return QJsonObject{
+    QJsonObject object{
         {QStringLiteral("findex"), n.findex},
         {QStringLiteral("name"), n.name},
         {QStringLiteral("size"), n.size},
@@ -20,6 +22,25 @@ QJsonObject JsonOutput::node(const FolderInfo &n)
         {QStringLiteral("checked"), n.checked},
         {QStringLiteral("dbNumber"), n.dbNumber},
     };
+    // A name that is not UTF-8 cannot be a JSON string as it is: the exact
+    // bytes ride along beside the readable form.
+    const QByteArray path = FolderInfo::pathBytes(n.url);
+    addRawBytes(object, QStringLiteral("nameBytes"), path.mid(path.lastIndexOf('/') + 1));
+    return object;
+}
+
+void JsonOutput::addRawBytes(QJsonObject &object, const QString &key, const QByteArray &bytes)
+{
+    if (!TerminalText::isUtf8(bytes))
+        object.insert(key, QString::fromLatin1(bytes.toBase64()));
+}
+
+QByteArray JsonOutput::rawBytes(const QJsonObject &object, const QString &textKey,
+                                const QString &bytesKey)
+{
+    if (object.contains(bytesKey))
+        return QByteArray::fromBase64(object.value(bytesKey).toString().toLatin1());
+    return object.value(textKey).toString().toUtf8();
 }
 
 QJsonObject JsonOutput::category(const Category &c)

@@ -1,5 +1,7 @@
 #include "cli/ProgressBar.h"
 
+#include "cli/TerminalText.h"
+
 #include <QLocale>
 #include <cstdio>
 #include <unistd.h>
@@ -20,7 +22,7 @@ void ProgressBar::update(double fraction, qint64 bytes, const QString &path)
     const int filled = int(fraction * width);
     const QString bar =
         QString(filled, QLatin1Char('#')) + QString(width - filled, QLatin1Char('-'));
-    QString shown = path;
+    QString shown = TerminalText::escaped(path);
     if (shown.size() > 40)
         shown = QStringLiteral("...") + shown.right(37);
     const QString line = QStringLiteral("\r[%1] %2% %3  %4")

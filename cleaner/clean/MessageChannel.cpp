@@ -6,6 +6,38 @@
 #include <cerrno>
 #include <unistd.h>
 
+namespace {
+
+// CBOR can write integers down to -2^64, but a decoded value keeps 64 bits
+// and turns those below -2^63 into other numbers (-2^64 reads as 0). A
+// message holding one is refused, or a damaged value could pass as valid.
+bool integersFit(const QByteArray &body)
+{
+    QCborStreamReader reader(body);
+    int depth = 0;
+    while (reader.lastError() == QCborError::NoError) {
+        if (!reader.hasNext()) {
+            if (depth == 0)
+                return true;
+            reader.leaveContainer();
+            --depth;
+        } else if (reader.isContainer()) {
+            reader.enterContainer();
+            ++depth;
+        } else {
+            if (reader.isNegativeInteger()) {
+                const quint64 magnitude = quint64(reader.toNegativeInteger());
+                if (magnitude == 0 || magnitude > (quint64(1) << 63))
+                    return false;
+            }
+            reader.next();
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 QList<FrameDecoder::Item> FrameDecoder::feed(const QByteArray &bytes)
 {
     QList<Item> items;
@@ -31,6 +63,9 @@ QList<FrameDecoder::Item> FrameDecoder::feed(const QByteArray &bytes)
                  QStringLiteral("unreadable message: %1").arg(reader.lastError().toString())});
         else if (reader.currentOffset() != body.size())
             items.append({std::nullopt, QStringLiteral("unreadable message: bytes after its end")});
+        else if (!integersFit(body))
+            items.append(
+                {std::nullopt, QStringLiteral("unreadable message: an integer below -2^63")});
         else
             items.append({value, QString()});
     }

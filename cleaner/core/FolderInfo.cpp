@@ -21,9 +21,10 @@ QString displayPath(const QByteArray &path)
     return ResourceValues::displayName(path);
 }
 
+// Diagnostics of a walk: standard output belongs to the results.
 void printLine(const char *text, const QString &what)
 {
-    std::printf("%s%s\n", text, what.toLocal8Bit().constData());
+    std::fprintf(stderr, "%s%s\n", text, what.toLocal8Bit().constData());
 }
 
 } // namespace
@@ -151,7 +152,10 @@ FolderInfoPtr rootNode(const FolderUrl &url, bool includeChildren, const Progres
         node->children = std::move(info.children);
         node->size = info.totalSize;
     }
-    if (progress) {
+    // A walked folder's entries were reported one by one; reporting its sum
+    // as well would count every entry twice.
+    const bool walked = values->isDirectory && includeChildren;
+    if (progress && !walked) {
         const QString shown = displayPath(path);
         const qint64 size = node->size;
         Dispatch::mainAsync([progress, shown, size] { progress(shown, size); });

@@ -213,8 +213,8 @@ ApplicationJunkFolderInfo::getLanguagesInfoList(const QString &curl, const Progr
             if (app->size > 0) {
                 app->findex = int(apps.size());
                 total += app->size;
+                postProgress(progress, pathOf(entry), app->size);
                 apps.append(std::move(app));
-                postProgress(progress, pathOf(entry), 0);
             }
         }
         postPercent(showPercent, step);
@@ -345,7 +345,9 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
 {
     QList<FolderInfoPtr> backups;
     qint64 total = 0;
-    const FolderInfoPtr root = folderInfo(url, true, progress);
+    // Only the backups are reported, so that the size a scan shows is the
+    // size it finds.
+    const FolderInfoPtr root = folderInfo(url, true, nullptr);
     if (!root)
         return {backups, total};
     if (root->children.isEmpty()) {
@@ -367,6 +369,7 @@ ApplicationJunkFolderInfo::getiTunesInfoList(const FolderUrl &url, const Progres
             // Shown as one item, removed as the folder the walk saw.
             backups.last()->identity = child->identity;
             total += child->size;
+            postProgress(progress, pathOf(pathBytes(child->url)), child->size);
         }
         postPercent(showPercent, step);
     }

@@ -19,12 +19,10 @@ std::pair<QList<FolderInfoPtr>, qint64> JunkFileModuleInfo::getJunkFileFolderInf
         if (node) {
             node->checked = url.checked;
             // The root itself is never listed: a category's files are the
-            // entries under its roots.
+            // entries under its roots. The walk has already reported each.
             for (const FolderInfoPtr &child : std::as_const(node->children)) {
                 child->findex = int(files.size());
                 files.append(child);
-                postProgress(progress, ResourceValues::displayName(pathBytes(child->url)),
-                             child->size);
             }
         }
         postPercent(showPercent, step);

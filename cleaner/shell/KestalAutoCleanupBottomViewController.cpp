@@ -1,7 +1,6 @@
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 
-#include "cleaner/clean/CleanResults.h"
-#include "cleaner/clean/KestalModuleCleanService.h"
+#include "cleaner/clean/AutoCleanupClean.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/shell/FabricController.h"
@@ -11,31 +10,10 @@
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 
 #include <QPointer>
-#include <QSemaphore>
 
 namespace {
 
 constexpr int autoCleanupModule = 0;
-
-// Passes a child's reports on, and opens the gate when its run has ended,
-// so that the serial queue starts the next child only then.
-class GatedClean : public KestalCleanProtocol {
-public:
-    GatedClean(std::shared_ptr<KestalCleanProtocol> inner, std::shared_ptr<QSemaphore> gate)
-        : m_inner(std::move(inner)), m_gate(std::move(gate))
-    {}
-
-    void done(bool result, int ci, int status, int number, qint64 size) override
-    {
-        m_inner->done(result, ci, status, number, size);
-        if (ci == -1)
-            m_gate->release();
-    }
-
-private:
-    std::shared_ptr<KestalCleanProtocol> m_inner;
-    std::shared_ptr<QSemaphore> m_gate;
-};
 
 } // namespace
 
@@ -170,29 +148,15 @@ void KestalAutoCleanupBottomViewController::scanDoneCleanAction()
     m_cleanedChildren = 0;
     updateReScanView(viewStatus::cleanning);
 
-    const QList<int> children = childModules();
-    const QList<Category> &rows = AppModuleService::categoriesOf(autoCleanupModule);
-    for (int n = 0; n < children.size(); ++n) {
-        const int child = children[n];
-        if (child < 0 || rows[n].state == 0 ||
-            AppModuleService::calculateModuleSizeAndNumber(child).second == 0)
-            continue;
-        ++KestalAutoCleanupService::canCleanNum;
-        handleClean(child);
-        QPointer<KestalAutoCleanupBottomViewController> bar(this);
-        auto recorder = std::make_shared<KestalCleanRecorder>(
-            child, [bar, n, child](bool, int ci, int status, int number, qint64 size) {
-                if (bar && ci == -1)
-                    bar->childCleanEnded(n, child, status, number, size);
-            });
-        // Children go one after another: each waits until the one before has ended.
-        m_serialQueue.async([child, recorder] {
-            auto gate = std::make_shared<QSemaphore>();
-            KestalModuleCleanService::analysisModule(child,
-                                                     std::make_shared<GatedClean>(recorder, gate));
-            gate->acquire();
+    const QList<AutoCleanupClean::Child> children = AutoCleanupClean::cleanableChildren();
+    KestalAutoCleanupService::canCleanNum = int(children.size());
+    QPointer<KestalAutoCleanupBottomViewController> bar(this);
+    AutoCleanupClean::cleanChildren(
+        m_serialQueue, children,
+        [bar](const AutoCleanupClean::Child &c, int status, int number, qint64 size) {
+            if (bar)
+                bar->childCleanEnded(c.row, c.module, status, number, size);
         });
-    }
     checkDone();
     FabricController::fabric(
         FabricEvent::cleanButton,

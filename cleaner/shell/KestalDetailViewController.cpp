@@ -2,7 +2,8 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/shell/ImageStore.h"
+#include "cleaner/shell/KestalTopDetailLeftTableView.h"
+#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 #include "cleaner/shell/Workspace.h"
@@ -17,18 +18,14 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <functional>
-#include <numeric>
 
 namespace {
 
 constexpr int leftWidth = 260;
 constexpr int iconSide = 20;
-constexpr int fileRole = Qt::UserRole;
-constexpr int childRole = Qt::UserRole + 1;
 
 Qt::CheckState checkStateOf(int state)
 {
@@ -37,17 +34,20 @@ Qt::CheckState checkStateOf(int state)
     return state == -1 ? Qt::PartiallyChecked : Qt::Unchecked;
 }
 
-QTreeWidget *makeList(QWidget *parent, const QString &name, int columns)
+// A list whose rows all have one height, so that the view lays out a
+// category of any size without asking every row for its size.
+QTreeView *makeList(QWidget *parent, const QString &name, QAbstractItemModel *model)
 {
-    auto *list = new QTreeWidget(parent);
+    auto *list = new QTreeView(parent);
     list->setObjectName(name);
-    list->setColumnCount(columns);
+    list->setModel(model);
+    list->setUniformRowHeights(true);
     list->setHeaderHidden(true);
     list->setIconSize(QSize(iconSide, iconSide));
     list->header()->setStretchLastSection(false);
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    for (int c = 1; c < columns; ++c)
-        list->header()->setSectionResizeMode(c, QHeaderView::ResizeToContents);
+    for (int c = 1; c < model->columnCount(); ++c)
+        list->header()->setSectionResizeMode(c, QHeaderView::Fixed);
     return list;
 }
 
@@ -80,18 +80,6 @@ void fillSortMenu(QMenu *menu, std::initializer_list<SortItem> keyItems, const Q
     group({{"Ascending", "ascending"}, {"Descending", "descending"}}, sortDirection, false);
 }
 
-// The desktop theme's icon for the item's kind, else the product's own
-// folder or document drawing.
-QIcon fileIcon(const FolderInfo &file)
-{
-    const QString name = file.iconName();
-    if (ImageStore::has(name))
-        return ImageStore::icon(name);
-    return ImageStore::themeIcon(name, file.isFolder || file.isPackage
-                                           ? QStringLiteral("Folder")
-                                           : QStringLiteral("Document"));
-}
-
 QToolButton *sortButton(QWidget *parent, const QString &name)
 {
     auto *button = new QToolButton(parent);
@@ -122,10 +110,14 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     m_back->setObjectName(QStringLiteral("rightTopBackBtn"));
     connect(m_back, &QPushButton::clicked, this, &KestalDetailViewController::backAction);
 
-    m_left = makeList(this, QStringLiteral("leftCategoryTableView"), 2);
+    m_categories = new KestalTopDetailLeftTableView(moduleIndex, this);
+    m_files = new KestalTopDetailRigthOutlineView(moduleIndex, this);
+    m_left = makeList(this, QStringLiteral("leftCategoryTableView"), m_categories);
     m_left->setRootIsDecorated(false);
     m_left->setFixedWidth(leftWidth);
-    m_right = makeList(this, QStringLiteral("rightOutlineView"), 3);
+    m_left->header()->setSectionResizeMode(KestalTopDetailLeftTableView::sizeColumn,
+                                           QHeaderView::ResizeToContents);
+    m_right = makeList(this, QStringLiteral("rightOutlineView"), m_files);
     m_right->setContextMenuPolicy(Qt::CustomContextMenu);
     m_rightTitle = new QLabel(this);
     UIUtil::setTextAttribute(m_rightTitle,
@@ -138,25 +130,26 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     connect(m_allDetail, &QCheckBox::clicked, this,
             &KestalDetailViewController::updateAllDetailStatusAction);
 
-    connect(m_left, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
-        if (!m_filling && item)
-            clickEvent(item->data(0, fileRole).toInt());
-    });
-    connect(m_left, &QTreeWidget::itemChanged, this, &KestalDetailViewController::itemChanged);
-    connect(m_right, &QTreeWidget::itemChanged, this, &KestalDetailViewController::itemChanged);
-    connect(m_right, &QTreeWidget::currentItemChanged, this,
+    connect(m_left->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex &current) {
+                if (!m_filling && current.isValid())
+                    clickEvent(m_categories->categoryAt(current.row()));
+            });
+    connect(m_categories, &KestalTopDetailLeftTableView::categoryStateChanged, this,
+            [this](int categoryIndex) {
+                if (categoryIndex == m_files->categoryIndex())
+                    m_files->checksChanged();
+                categoryStateChanged(categoryIndex);
+            });
+    connect(m_files, &KestalTopDetailRigthOutlineView::fileStateChanged, this,
+            [this](int categoryIndex) {
+                m_categories->categoryChanged(categoryIndex);
+                categoryStateChanged(categoryIndex);
+            });
+    connect(m_right->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &KestalDetailViewController::updateRightTopDescInfo);
-    connect(m_right, &QTreeWidget::customContextMenuRequested, this, [this](const QPoint &at) {
-        QTreeWidgetItem *item = m_right->itemAt(at);
-        const QList<FolderInfoPtr> files = shownFiles();
-        if (!item || item->parent() || item->data(0, fileRole).toInt() < 0)
-            return;
-        const FolderInfoPtr file = files.value(item->data(0, fileRole).toInt());
-        QMenu menu;
-        menu.addAction(getLocalizedString(QStringLiteral("Show in Folder")),
-                       [file] { openFolderPathAction(*file); });
-        menu.exec(m_right->viewport()->mapToGlobal(at));
-    });
+    connect(m_right, &QTreeView::customContextMenuRequested, this,
+            &KestalDetailViewController::showContextMenu);
 
     // Back and search above; then a grid whose columns are the two panes,
     // so that each pane's select-all box and sort menu stand on one line.
@@ -199,13 +192,25 @@ void KestalDetailViewController::reloadTexts()
     m_categoryPopUpButton->setText(getLocalizedString(QStringLiteral("Sort")));
     fillSortMenu(m_popUpButton->menu(),
                  {{"Name", "name"}, {"Size", "size"}, {"Date", "date"}, {"Selection", "selection"}},
-                 m_sortby, m_sortDirection,
+                 m_files->sortby(), m_files->sortDirection(),
                  [this](const QString &direction, const QString &key) { sort(direction, key); });
-    fillSortMenu(m_categoryPopUpButton->menu(), {{"Name", "name"}, {"Size", "size"}}, m_cateSortby,
-                 m_cateSortDirection, [this](const QString &direction, const QString &key) {
-                     categorySort(direction, key);
-                 });
-    updateView();
+    fillSortMenu(
+        m_categoryPopUpButton->menu(), {{"Name", "name"}, {"Size", "size"}}, m_categories->sortby(),
+        m_categories->sortDirection(),
+        [this](const QString &direction, const QString &key) { categorySort(direction, key); });
+    // The size and date columns fit their longest text in this language and font.
+    const QFontMetrics metrics = m_right->fontMetrics();
+    const int padding = 3 * metrics.averageCharWidth();
+    m_right->header()->resizeSection(KestalTopDetailRigthOutlineView::sizeColumn,
+                                     metrics.horizontalAdvance(byteString(999'900'000)) + padding);
+    m_right->header()->resizeSection(KestalTopDetailRigthOutlineView::dateColumn,
+                                     metrics.horizontalAdvance(QStringLiteral("0000-00-00 00:00")) +
+                                         padding);
+    // Titles and sizes are texts of the language: both panes read them anew.
+    m_filling = true;
+    m_categories->reloadData();
+    m_filling = false;
+    showCategory(m_tableViewRow);
 }
 
 QList<Category> KestalDetailViewController::shownModuleCategories() const
@@ -215,156 +220,47 @@ QList<Category> KestalDetailViewController::shownModuleCategories() const
     return AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
 }
 
-QList<FolderInfoPtr> KestalDetailViewController::shownFiles() const
-{
-    const QList<Category> categories = shownModuleCategories();
-    return m_tableViewRow < categories.size() ? categories.at(m_tableViewRow).files
-                                              : QList<FolderInfoPtr>();
-}
-
 void KestalDetailViewController::reloadData()
 {
-    m_keywords.clear();
     m_search->clear();
-    m_tableViewRow = 0;
-    updateView();
+    m_filling = true;
+    m_categories->searchFiles(QString());
+    m_filling = false;
+    showCategory(0);
 }
 
 void KestalDetailViewController::clickEvent(int cateNum)
 {
-    m_tableViewRow = cateNum;
-    updateView();
+    showCategory(cateNum);
 }
 
-void KestalDetailViewController::updateView()
+void KestalDetailViewController::showCategory(int cateNum)
 {
-    m_filling = true;
-    fillLeft();
-    fillRight();
-    m_filling = false;
+    m_tableViewRow = qMax(0, cateNum);
+    selectCategoryRow(m_categories->rowOf(m_tableViewRow));
+    m_files->reloadData(m_tableViewRow);
+    m_right->setCurrentIndex(m_files->index(0, 0));
     updateRightTopDescInfo();
     updateTopCategorySelectBtnStatus();
     updateTopDetailSelectBtnStatus();
 }
 
-QList<int> KestalDetailViewController::shownCategories() const
+void KestalDetailViewController::selectCategoryRow(int row)
 {
-    const QList<Category> categories = shownModuleCategories();
-    QList<int> order;
-    for (int ci = 0; ci < categories.size(); ++ci) {
-        if (m_keywords.isEmpty() ||
-            getLocalizedString(categories[ci].title).contains(m_keywords, Qt::CaseInsensitive))
-            order.append(ci);
-    }
-    // The module table's order stands until the user sorts.
-    if (m_cateSortby.isEmpty())
-        return order;
-    const bool ascending = m_cateSortDirection == QLatin1String("ascending");
-    const bool byName = m_cateSortby == QLatin1String("name");
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-        const Category &x = categories[ascending ? a : b];
-        const Category &y = categories[ascending ? b : a];
-        return byName
-                   ? getLocalizedString(x.title).localeAwareCompare(getLocalizedString(y.title)) < 0
-                   : x.size < y.size;
-    });
-    return order;
+    m_filling = true;
+    if (row >= 0)
+        m_left->setCurrentIndex(m_categories->index(row, 0));
+    else
+        m_left->selectionModel()->clear();
+    m_filling = false;
 }
 
-void KestalDetailViewController::fillLeft()
+void KestalDetailViewController::categoryStateChanged(int categoryIndex)
 {
-    m_left->clear();
-    const QList<Category> categories = shownModuleCategories();
-    for (int ci : shownCategories()) {
-        auto *row = new QTreeWidgetItem(
-            m_left, {getLocalizedString(categories[ci].title), byteString(categories[ci].size)});
-        row->setData(0, fileRole, ci);
-        row->setIcon(0, ImageStore::icon(categories[ci].image));
-        row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
-        row->setCheckState(0, checkStateOf(categories[ci].state));
-        if (ci == m_tableViewRow)
-            m_left->setCurrentItem(row);
-    }
-}
-
-void KestalDetailViewController::fillRight()
-{
-    m_right->clear();
-    const QList<FolderInfoPtr> files = shownFiles();
-    if (files.isEmpty()) {
-        auto *empty = new QTreeWidgetItem(m_right, {getLocalizedString(QStringLiteral("Empty"))});
-        empty->setData(0, fileRole, -1);
-        return;
-    }
-    QList<int> order(files.size());
-    std::iota(order.begin(), order.end(), 0);
-    const bool ascending = m_sortDirection == QLatin1String("ascending");
-    if (m_sortby == QLatin1String("selection")) {
-        // Ticked files come together, each part in its list order: first
-        // when descending, last when ascending.
-        std::stable_partition(order.begin(), order.end(),
-                              [&](int i) { return (files[i]->checked == 1) != ascending; });
-    } else {
-        const auto less = [this](const FolderInfo &x, const FolderInfo &y) {
-            if (m_sortby == QLatin1String("name"))
-                return x.name < y.name;
-            if (m_sortby == QLatin1String("date"))
-                return x.date < y.date;
-            return x.size < y.size;
-        };
-        std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-            return ascending ? less(*files[a], *files[b]) : less(*files[b], *files[a]);
-        });
-    }
-    const QString dateFormat = QStringLiteral("yyyy-MM-dd HH:mm");
-    for (int fi : std::as_const(order)) {
-        const FolderInfo &file = *files[fi];
-        auto *row = new QTreeWidgetItem(
-            m_right, {file.name, byteString(file.size), file.date.toString(dateFormat)});
-        row->setData(0, fileRole, fi);
-        row->setData(0, childRole, -1);
-        row->setIcon(0, fileIcon(file));
-        row->setFlags(row->flags() | Qt::ItemIsUserCheckable);
-        row->setCheckState(0, checkStateOf(file.checked));
-        for (int child = 0; child < file.children.size(); ++child) {
-            const FolderInfo &c = *file.children[child];
-            auto *line =
-                new QTreeWidgetItem(row, {c.name, byteString(c.size), c.date.toString(dateFormat)});
-            line->setData(0, fileRole, fi);
-            line->setData(0, childRole, child);
-            line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
-            line->setCheckState(0, checkStateOf(c.checked));
-        }
-    }
-    m_right->setCurrentItem(m_right->topLevelItem(0));
-}
-
-void KestalDetailViewController::itemChanged(QTreeWidgetItem *item, int column)
-{
-    if (m_filling || column != 0)
-        return;
-    const int state = item->checkState(0) == Qt::Checked ? 1 : 0;
-    const int index = item->data(0, fileRole).toInt();
-    if (item->treeWidget() == m_left) {
-        setCategoryState(index, state);
-    } else {
-        const int child = item->data(0, childRole).toInt();
-        AppModuleService::updateState(state, m_moduleIndex, m_tableViewRow, index,
-                                      child < 0 ? std::nullopt : std::optional<int>(child));
-    }
-    // Rebuilding the lists inside their own signal is not safe; do it next.
-    QMetaObject::invokeMethod(this, &KestalDetailViewController::updateView, Qt::QueuedConnection);
+    Q_UNUSED(categoryIndex);
+    updateTopCategorySelectBtnStatus();
+    updateTopDetailSelectBtnStatus();
     emit selectionChanged();
-}
-
-void KestalDetailViewController::setCategoryState(int categoryIndex, int state)
-{
-    // A category's box sets every file of it in one pass (file index -1),
-    // not one file at a time, which would roll the state up once per file.
-    const bool hasFiles =
-        !AppModuleService::categoriesOf(m_moduleIndex).at(categoryIndex).files.isEmpty();
-    AppModuleService::updateState(state, m_moduleIndex, categoryIndex,
-                                  hasFiles ? std::optional<int>(-1) : std::nullopt, std::nullopt);
 }
 
 void KestalDetailViewController::updateAllDetailStatusAction()
@@ -373,9 +269,11 @@ void KestalDetailViewController::updateAllDetailStatusAction()
     if (m_tableViewRow >= categories.size())
         return;
     // A mixed or empty box turns on; a full one off.
-    setCategoryState(m_tableViewRow, categories.at(m_tableViewRow).state == 1 ? 0 : 1);
-    updateView();
-    emit selectionChanged();
+    KestalTopDetailLeftTableView::setCategoryState(
+        m_moduleIndex, m_tableViewRow, categories.at(m_tableViewRow).state == 1 ? 0 : 1);
+    m_files->checksChanged();
+    m_categories->categoryChanged(m_tableViewRow);
+    categoryStateChanged(m_tableViewRow);
 }
 
 int KestalDetailViewController::allCategoriesState() const
@@ -398,9 +296,10 @@ void KestalDetailViewController::updateAllCategoryStatusAction()
     // box turns all on, a full one all off.
     const int state = allCategoriesState() == 1 ? 0 : 1;
     for (int ci = 0; ci < shownModuleCategories().size(); ++ci)
-        setCategoryState(ci, state);
-    updateView();
-    emit selectionChanged();
+        KestalTopDetailLeftTableView::setCategoryState(m_moduleIndex, ci, state);
+    m_categories->allCategoriesChanged();
+    m_files->checksChanged();
+    categoryStateChanged(-1);
 }
 
 void KestalDetailViewController::updateTopCategorySelectBtnStatus()
@@ -421,62 +320,69 @@ void KestalDetailViewController::updateTopDetailSelectBtnStatus()
     m_allDetail->setCheckState(checkStateOf(state));
     m_allDetail->setText(state == 1 ? getLocalizedString(QStringLiteral("Deselect All"))
                                     : getLocalizedString(QStringLiteral("Select All")));
-    m_allDetail->setEnabled(!shownFiles().isEmpty());
+    m_allDetail->setEnabled(!m_files->isEmptyList());
 }
 
 void KestalDetailViewController::updateRightTopDescInfo()
 {
-    QTreeWidgetItem *item = m_right->currentItem();
-    const QList<FolderInfoPtr> files = shownFiles();
-    const int fi = item ? item->data(0, fileRole).toInt() : -1;
-    if (fi < 0 || fi >= files.size()) {
+    // A child row shows its file in the header.
+    QModelIndex current = m_right->currentIndex();
+    if (current.parent().isValid())
+        current = current.parent();
+    const FolderInfoPtr file = m_files->fileAt(current);
+    if (!file) {
         m_rightTitle->setText(getLocalizedString(QStringLiteral("Empty")));
         m_rightDesc->clear();
         return;
     }
-    m_rightTitle->setText(files[fi]->name);
-    m_rightDesc->setText(files[fi]->url.toLocalFile());
+    m_rightTitle->setText(file->name);
+    m_rightDesc->setText(file->url.toLocalFile());
+}
+
+void KestalDetailViewController::showContextMenu(const QPoint &at)
+{
+    const QModelIndex index = m_right->indexAt(at);
+    if (!index.isValid() || index.parent().isValid())
+        return;
+    const FolderInfoPtr file = m_files->fileAt(index);
+    if (!file)
+        return;
+    QMenu menu;
+    menu.addAction(getLocalizedString(QStringLiteral("Show in Folder")),
+                   [file] { openFolderPathAction(*file); });
+    menu.exec(m_right->viewport()->mapToGlobal(at));
 }
 
 void KestalDetailViewController::sort(const QString &sortDirection, const QString &sortby)
 {
-    if (sortDirection == QLatin1String("ascending") || sortDirection == QLatin1String("descending"))
-        m_sortDirection = sortDirection;
-    const QStringList keys = {QStringLiteral("name"), QStringLiteral("size"),
-                              QStringLiteral("date"), QStringLiteral("selection")};
-    if (keys.contains(sortby))
-        m_sortby = sortby;
-    updateView();
+    m_files->sort(sortDirection, sortby);
 }
 
 void KestalDetailViewController::categorySort(const QString &sortDirection, const QString &sortby)
 {
-    if (sortDirection == QLatin1String("ascending") || sortDirection == QLatin1String("descending"))
-        m_cateSortDirection = sortDirection;
-    if (sortby == QLatin1String("name") || sortby == QLatin1String("size"))
-        m_cateSortby = sortby;
+    m_filling = true;
+    m_categories->sort(sortDirection, sortby);
+    m_filling = false;
     // The first row of the new order is the one shown.
-    const QList<int> order = shownCategories();
-    clickEvent(order.isEmpty() ? 0 : order.first());
+    const int first = m_categories->categoryAt(0);
+    showCategory(first < 0 ? 0 : first);
 }
 
 void KestalDetailViewController::searchDetaiAction()
 {
-    m_keywords = m_search->text().trimmed();
     m_filling = true;
-    fillLeft();
-    m_filling = false;
-    if (m_left->topLevelItemCount() == 0) {
+    m_categories->searchFiles(m_search->text().trimmed());
+    if (m_categories->rowCount() == 0) {
+        m_filling = false;
         UIUtil::dialogInfo(getLocalizedString(QStringLiteral("Error")),
                            getLocalizedString(QStringLiteral("This category is empty!")));
-        m_keywords.clear();
+        m_filling = true;
         m_search->clear();
+        m_categories->searchFiles(QString());
     }
-    m_filling = true;
-    fillLeft();
     m_filling = false;
-    clickEvent(m_left->topLevelItemCount() ? m_left->topLevelItem(0)->data(0, fileRole).toInt()
-                                           : 0);
+    const int first = m_categories->categoryAt(0);
+    showCategory(first < 0 ? 0 : first);
 }
 
 void KestalDetailViewController::backAction()

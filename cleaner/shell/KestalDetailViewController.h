@@ -4,17 +4,21 @@
 #include "cleaner/core/ModuleTypes.h"
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class KestalTopDetailLeftTableView;
+class KestalTopDetailRigthOutlineView;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
+class QModelIndex;
 class QPushButton;
 class QToolButton;
-class QTreeWidget;
-class QTreeWidgetItem;
+class QTreeView;
 
 // The review of a module's scan: its categories on the left, the files of
 // the chosen one on the right, each with a tick box that says whether it
-// goes in the clean. Every change goes through AppModuleService::updateState.
+// goes in the clean. Both panes are views over models of the module's
+// table; every change goes through AppModuleService::updateState and
+// redraws only the rows it changed.
 class KestalDetailViewController : public KestalSuperViewController {
     Q_OBJECT
 public:
@@ -38,8 +42,10 @@ public:
     // Shows the file selected in the desktop's file manager.
     static bool openFolderPathAction(const FolderInfo &file);
 
-    QTreeWidget *leftCategoryTableView() const { return m_left; }
-    QTreeWidget *rightOutlineView() const { return m_right; }
+    QTreeView *leftCategoryTableView() const { return m_left; }
+    QTreeView *rightOutlineView() const { return m_right; }
+    KestalTopDetailLeftTableView *categoryModel() const { return m_categories; }
+    KestalTopDetailRigthOutlineView *fileModel() const { return m_files; }
     QCheckBox *updateAllDetailBtn() const { return m_allDetail; }
     QCheckBox *updateAllCategoryBtn() const { return m_allCategory; }
     QLineEdit *searchField() const { return m_search; }
@@ -55,37 +61,31 @@ protected:
     void reloadTexts() override;
 
 private:
-    // Sets every widget from the module's categories and the chosen one.
-    void updateView();
-    void fillLeft();
-    void fillRight();
+    // Shows the chosen category's files and sets the header and both boxes.
+    void showCategory(int cateNum);
     void updateRightTopDescInfo();
     void updateTopDetailSelectBtnStatus();
     void updateTopCategorySelectBtnStatus();
+    // After a tick in either pane: the other pane's rows, the boxes, the bar.
+    void categoryStateChanged(int categoryIndex);
     // 1, 0, or -1 when the module's categories are not all alike.
     int allCategoriesState() const;
-    void setCategoryState(int categoryIndex, int state);
-    // The categories the left pane lists, in its order.
-    QList<int> shownCategories() const;
-    void itemChanged(QTreeWidgetItem *item, int column);
-    QList<FolderInfoPtr> shownFiles() const;
+    void selectCategoryRow(int row);
+    void showContextMenu(const QPoint &at);
     QList<Category> shownModuleCategories() const;
 
     int m_moduleIndex;
     int m_tableViewRow = 0;
-    QString m_keywords;
-    QString m_sortDirection = QStringLiteral("descending");
-    QString m_sortby = QStringLiteral("size");
-    QString m_cateSortDirection = QStringLiteral("descending");
-    QString m_cateSortby;
     bool m_filling = false;
 
     QLineEdit *m_search;
     QToolButton *m_popUpButton;
     QToolButton *m_categoryPopUpButton;
     QCheckBox *m_allCategory;
-    QTreeWidget *m_left;
-    QTreeWidget *m_right;
+    QTreeView *m_left;
+    QTreeView *m_right;
+    KestalTopDetailLeftTableView *m_categories;
+    KestalTopDetailRigthOutlineView *m_files;
     QLabel *m_rightTitle;
     QLabel *m_rightDesc;
     QCheckBox *m_allDetail;

@@ -18,10 +18,12 @@
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 namespace {
@@ -34,6 +36,14 @@ constexpr int helperNotAvailable = -2;
 // The wait after a stop, so that the scan's workers see the flag.
 constexpr int stopWaitMs = 1000;
 constexpr int autoCleanupModule = 0;
+
+// The screen's frame interval: reports that come faster are shown together.
+int frameIntervalMs()
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const qreal rate = screen && screen->refreshRate() > 1 ? screen->refreshRate() : 60;
+    return qMax(1, int(1000 / rate));
+}
 
 QPushButton *barButton(QWidget *parent, const QString &name)
 {
@@ -56,6 +66,11 @@ KestalRightBottomViewController::KestalRightBottomViewController(int moduleIndex
     m_cateCount = int(module.categories.value_or(QList<Category>()).size());
     setObjectName(m_tab + QStringLiteral(" Bar"));
 
+    m_screenRefresh = new QTimer(this);
+    m_screenRefresh->setSingleShot(true);
+    m_screenRefresh->setInterval(frameIntervalMs());
+    connect(m_screenRefresh, &QTimer::timeout, this,
+            &KestalRightBottomViewController::refreshScanningScreen);
     m_statusText = new QLabel(this);
     UIUtil::setTextAttribute(m_statusText, UIInfo::nsMyUI(QStringLiteral("bottom_status_font")));
     m_overViewScanBtn = barButton(this, QStringLiteral("overViewScanBtn"));
@@ -96,12 +111,19 @@ KestalRightBottomViewController::KestalRightBottomViewController(int moduleIndex
                 updateReScanView(viewStatus::scandone_NoEmpty);
         });
     }
+    applyStyles();
     changeViewStatus(viewStatus::overview);
 }
 
-void KestalRightBottomViewController::changeViewStatus(viewStatus status)
+void KestalRightBottomViewController::reloadTexts()
 {
-    m_status = status;
+    applyStyles();
+    changeViewStatus(m_status);
+}
+
+void KestalRightBottomViewController::applyStyles()
+{
+    ++m_styleApplications;
     const MyUI &primary = UIInfo::nsMyUI(QStringLiteral("primary_button_gradual_font"));
     const MyUI &secondary = UIInfo::nsMyUI(QStringLiteral("secondary_button_font"));
     const QColor border = UIInfo::nsColor(QStringLiteral("secondary_button_border_color"));
@@ -120,6 +142,11 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
                         secondary);
     UIUtil::setBtnStyle(m_showLogViewBtn, getLocalizedString(QStringLiteral("Hide Log")), border,
                         secondary);
+}
+
+void KestalRightBottomViewController::changeViewStatus(viewStatus status)
+{
+    m_status = status;
     using enum viewStatus;
     if (status == cleandone || status == showLog) {
         const QIcon logIcon =
@@ -145,7 +172,13 @@ void KestalRightBottomViewController::changeViewStatus(viewStatus status)
     m_cleanningViewBtn->setEnabled(false); // a running clean cannot be stopped from here
     m_cleandoneViewBtn->setVisible(status == cleandone);
     m_showLogViewBtn->setVisible(status == showLog);
-    m_statusText->setText(statusText());
+    setStatusText(statusText());
+}
+
+void KestalRightBottomViewController::setStatusText(const QString &text)
+{
+    if (m_statusText->text() != text)
+        m_statusText->setText(text);
 }
 
 std::pair<double, int> KestalRightBottomViewController::selected() const
@@ -216,6 +249,7 @@ void KestalRightBottomViewController::enterScanning()
     KestalService::scanTotalSize()[m_moduleIndex] = 0;
     KestalService::scanningPercent()[m_moduleIndex] = 0;
     m_doneCategories = 0;
+    m_shownPath.clear();
     topChild()->changeViewStatus(viewStatus::scanning);
     showCategoryOnScan(0);
     updateReScanView(viewStatus::scanning);
@@ -231,6 +265,7 @@ void KestalRightBottomViewController::followCategoryDone(int categoryIndex)
     // The last one: the screen stays on the scan until the driving scan ends.
     m_doneCategories = m_cateCount;
     KestalService::scanningPercent()[m_moduleIndex] = 100;
+    m_shownPercent = 100;
     topChild()->updateProgress(100);
     emit moduleRowChanged(m_moduleIndex);
 }
@@ -281,16 +316,33 @@ void KestalRightBottomViewController::updateScanningPercent(float percent)
     // module's own percent, which its row shows, counts the finished ones.
     KestalService::scanningPercent()[m_moduleIndex] =
         (float(m_doneCategories) * 100.0f + percent) / float(qMax(1, m_cateCount));
-    topChild()->updateProgress(percent);
-    emit moduleRowChanged(m_moduleIndex);
+    m_shownPercent = percent;
+    scheduleScreenRefresh();
 }
 
 void KestalRightBottomViewController::updateScanningProgress(const QString &path, qint64 size)
 {
     KestalService::scanTotalSize()[m_moduleIndex] += size;
-    topChild()->updatePath(path);
-    if (m_status == viewStatus::scanning)
-        changeViewStatus(m_status);
+    if (!path.isEmpty()) // a walk's last report may carry a sum without a path
+        m_shownPath = path;
+    scheduleScreenRefresh();
+}
+
+void KestalRightBottomViewController::scheduleScreenRefresh()
+{
+    if (!m_screenRefresh->isActive())
+        m_screenRefresh->start();
+}
+
+void KestalRightBottomViewController::refreshScanningScreen()
+{
+    m_screenRefresh->stop();
+    if (m_status != viewStatus::scanning)
+        return;
+    topChild()->updateProgress(m_shownPercent);
+    topChild()->updatePath(m_shownPath);
+    setStatusText(statusText());
+    emit moduleRowChanged(m_moduleIndex);
 }
 
 void KestalRightBottomViewController::updateScanningDone(int doneNum, int cateCount,
@@ -301,6 +353,7 @@ void KestalRightBottomViewController::updateScanningDone(int doneNum, int cateCo
     if (m_status != viewStatus::scanning)
         return;
     m_doneCategories = doneNum + 1;
+    refreshScanningScreen(); // what came before the end is shown, late or not
     if (cateCount - 1 == doneNum) {
         const qint64 size = CategoryTotals::instanceTotalSize(m_moduleIndex);
         topChild()->changeViewStatus(viewStatus::overview);
@@ -315,6 +368,7 @@ void KestalRightBottomViewController::showCategoryOnScan(int categoryIndex)
 {
     const QList<Category> categories =
         AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
+    m_shownPercent = 0;
     topChild()->updateProgress(0);
     if (categoryIndex < categories.size())
         topChild()->updateDescription(categories.at(categoryIndex).title);

@@ -7,6 +7,7 @@ class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
 class QLabel;
 class QPushButton;
+class QTimer;
 
 // A module's bottom bar: the buttons and the short status line of each
 // state, the module's scan and its clean, which both go on while the module
@@ -23,8 +24,12 @@ public:
     // Whether the module has a scan the bar can start yet.
     bool canScan() const { return m_cateCount > 0; }
 
-    // Sets every widget of the bar from the state.
+    // Sets every widget of the bar from the state. Styles are not touched:
+    // they change only with the language (applyStyles).
     void changeViewStatus(viewStatus status);
+    // How often the buttons' styles were applied: once at the start and once
+    // per change of language, never per report of a scan.
+    int styleApplications() const { return m_styleApplications; }
 
     void overViewScanAction();
     virtual void scanningStopScanAction();
@@ -76,7 +81,7 @@ signals:
     void moduleRowChanged(int moduleIndex);
 
 protected:
-    void reloadTexts() override { changeViewStatus(m_status); }
+    void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
     // Whether the result page offers the review (Auto Cleanup cleans from it).
@@ -89,6 +94,13 @@ protected:
     int m_doneCategories = 0;
 
 private:
+    // The buttons' titles and styles in the interface language.
+    void applyStyles();
+    // A scan's reports change figures only; the screen shows them at most
+    // once a frame, and only the texts that changed.
+    void scheduleScreenRefresh();
+    void refreshScanningScreen();
+    void setStatusText(const QString &text);
     // Resets the progress and names the category the scan is on.
     void showCategoryOnScan(int categoryIndex);
     QString statusText() const;
@@ -100,6 +112,10 @@ private:
     int m_cateCount = 0;
     viewStatus m_status = viewStatus::overview;
     KestalRightSplitController *m_split;
+    int m_styleApplications = 0;
+    QTimer *m_screenRefresh;
+    float m_shownPercent = 0;
+    QString m_shownPath;
 
     QLabel *m_statusText;
     QPushButton *m_overViewScanBtn;

@@ -124,15 +124,22 @@ void KestalRightTopOverViewAndScanViewController::updateDescription(const QStrin
 
 void KestalRightTopOverViewAndScanViewController::updatePath(const QString &path)
 {
+    if (path == m_path)
+        return;
     m_path = path;
+    elidePath();
+}
+
+void KestalRightTopOverViewAndScanViewController::elidePath()
+{
     m_pathLabel->setText(
-        m_pathLabel->fontMetrics().elidedText(path, Qt::ElideMiddle, m_pathLabel->width()));
+        m_pathLabel->fontMetrics().elidedText(m_path, Qt::ElideMiddle, m_pathLabel->width()));
 }
 
 void KestalRightTopOverViewAndScanViewController::resizeEvent(QResizeEvent *event)
 {
     KestalSuperViewController::resizeEvent(event);
-    updatePath(m_path);
+    elidePath();
 }
 
 void KestalRightTopOverViewAndScanViewController::updateView()
@@ -152,5 +159,5 @@ void KestalRightTopOverViewAndScanViewController::updateView()
     m_features->setVisible(!scanning);
     m_scanning->setVisible(scanning);
     m_progress->setValue(int(m_percent * 10));
-    updatePath(m_path);
+    elidePath();
 }

@@ -35,6 +35,8 @@ protected:
 private:
     // Sets every widget from the state.
     void updateView();
+    // The path, cut in the middle to the label's width.
+    void elidePath();
 
     int m_moduleIndex;
     viewStatus m_status = viewStatus::overview;

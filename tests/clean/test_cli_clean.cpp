@@ -4,6 +4,7 @@
 #include "CleanTestSupport.h"
 #include "TestPaths.h"
 #include "cleaner/clean/KestalCleanManager.h"
+#include "support/CliProcess.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -209,6 +210,41 @@ private slots:
         const int before = int(listed().size());
         QCOMPARE(cli(args, input).exitCode, 1);
         QCOMPARE(listed().size(), before);
+    }
+
+    // A PATH is compared as the bytes typed, never through text: a name
+    // with a line break and a byte that is not UTF-8 can be chosen, and the
+    // text form of that name names nothing.
+    void selectsTheExactBytesOfAListedName_data()
+    {
+        QTest::addColumn<QByteArray>("typed"); // under the sandbox
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("line break and raw byte") << QByteArray("home/.cache/odd\nname\xff") << 0;
+        QTest::newRow("with . and .. steps")
+            << QByteArray("home/./.cache/x/../odd\nname\xff/") << 0;
+        QTest::newRow("decoded and encoded again")
+            << QByteArray("home/.cache/odd\nname\xef\xbf\xbd") << 1;
+    }
+    void selectsTheExactBytesOfAListedName()
+    {
+        QFETCH(QByteArray, typed);
+        QFETCH(int, exitCode);
+        const QByteArray odd = "/home/.cache/odd\nname\xff";
+        sandbox->fileBytes(odd.mid(1), 9);
+        QMap<QByteArray, QByteArray> expected = snapshot(sandbox->root());
+        const CliProcess::Result r = CliProcess::run(
+            cliProgram,
+            {"clean", "System Junk", "--select", sandbox->pathBytes(typed), "--yes", "--json"},
+            environment());
+        QCOMPARE(r.exitCode, exitCode);
+        if (exitCode == 0) {
+            const QJsonObject json = QJsonDocument::fromJson(r.out).object();
+            QCOMPARE(json[QStringLiteral("number")].toInt(), 1);
+            expected.remove(odd);
+        }
+        QMap<QByteArray, QByteArray> after = snapshot(sandbox->root());
+        after.removeIf([](const auto &it) { return it.key().startsWith("/home/.config"); });
+        QCOMPARE(after, expected);
     }
 };
 

@@ -123,6 +123,7 @@ private slots:
             QCOMPARE(l->icon, l->name.startsWith(QLatin1String("ja")) ? "ja" : "de");
         }
         QTRY_COMPARE(qRound(seen->percent * 100), 100);
+        QCOMPARE(seen->bytes, c.size); // the size shown while scanning is the size found
     }
 
     void languageTreesOnLinux()

@@ -116,6 +116,46 @@ private slots:
         QCOMPARE(c.files.first()->checked, 1);
     }
 
+    // What a scan reports while it runs adds up to what it found, each
+    // entry once: a root's sum and the entries under it are not both counted.
+    void eachEntryIsReportedOnce_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("singleRoot");
+        QTest::addColumn<QStringList>("roots");
+        QTest::addColumn<int>("reports");
+        QTest::newRow("one root") << "Folder" << true << QStringList{"a"} << 3;
+        QTest::newRow("roots") << "Folder" << false << QStringList{"a", "b"} << 4;
+        QTest::newRow("filtered roots") << "App_Cache" << false << QStringList{"a", "b"} << 4;
+        QTest::newRow("a file as a root") << "Folder" << false << QStringList{"b/only"} << 1;
+    }
+    void eachEntryIsReportedOnce()
+    {
+        QFETCH(QString, type);
+        QFETCH(bool, singleRoot);
+        QFETCH(QStringList, roots);
+        QFETCH(int, reports);
+        TestEnvironment env;
+        TreeBuilder tree;
+        tree.file("a/one", 10);
+        tree.file("a/sub/two", 200);
+        tree.file("a/sub/deep/three", 3000);
+        tree.file("a/four", 40000);
+        tree.file("b/only", 500000);
+        QStringList paths;
+        for (const QString &root : std::as_const(roots))
+            paths << tree.path(root);
+        Category c = categoryOf(type, singleRoot ? QStringList() : paths);
+        if (singleRoot)
+            c.url = FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(paths.first()))};
+        const ScanRecorder seen;
+        ScanDispatch::scan(c, seen.progress(), seen.showPercent());
+        QTRY_COMPARE(seen->paths.size(), reports);
+        QTRY_COMPARE(seen->percent, 1.0f);
+        QCOMPARE(seen->bytes, c.size);
+        QVERIFY(c.size > 0);
+    }
+
     void volumeTrashes_data()
     {
         QTest::addColumn<QString>("profile");

@@ -1,16 +1,20 @@
 // The review of a System Junk scan on the real main window.
 
+#include "ReviewClicks.h"
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
+#include "cleaner/shell/KestalTopDetailLeftTableView.h"
+#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSignalSpy>
 #include <QToolButton>
-#include <QTreeWidget>
+#include <QTreeView>
 
 using viewStatus = KestalSuperViewController::viewStatus;
 
@@ -18,19 +22,32 @@ namespace {
 
 constexpr int systemJunk = 1;
 
-QStringList namesOf(QTreeWidget *list)
+Qt::CheckState checkOf(const QModelIndex &index)
 {
-    QStringList names;
-    for (int i = 0; i < list->topLevelItemCount(); ++i)
-        names.append(list->topLevelItem(i)->text(0));
-    return names;
+    return index.data(Qt::CheckStateRole).value<Qt::CheckState>();
 }
 
-QTreeWidgetItem *rowNamed(QTreeWidget *list, const QString &name)
-{
-    const QList<QTreeWidgetItem *> found = list->findItems(name, Qt::MatchExactly);
-    return found.isEmpty() ? nullptr : found.first();
-}
+// Every signal by which a model tells its views to redraw more than rows.
+struct ModelSignals {
+    explicit ModelSignals(QAbstractItemModel *model)
+        : dataChanged(model, &QAbstractItemModel::dataChanged),
+          layoutChanged(model, &QAbstractItemModel::layoutChanged),
+          reset(model, &QAbstractItemModel::modelReset),
+          inserted(model, &QAbstractItemModel::rowsInserted),
+          removed(model, &QAbstractItemModel::rowsRemoved)
+    {}
+    int wholeList() const
+    {
+        return int(layoutChanged.size() + reset.size() + inserted.size() + removed.size());
+    }
+    // The rows that one dataChanged named, as first and last row.
+    std::pair<int, int> rows(int i) const
+    {
+        return {dataChanged.at(i).at(0).toModelIndex().row(),
+                dataChanged.at(i).at(1).toModelIndex().row()};
+    }
+    QSignalSpy dataChanged, layoutChanged, reset, inserted, removed;
+};
 
 } // namespace
 
@@ -45,11 +62,14 @@ private:
 
     viewStatus state() const { return KestalSuperViewController::currentStatus("SystemJunk"); }
 
-    // Clicks a row's tick box, as a user does, and lets the lists rebuild.
-    void tick(QTreeWidgetItem *row)
+    // Clicks a row's tick box, as a user does.
+    void tick(QTreeView *view, const QString &name)
     {
-        row->setCheckState(0, row->checkState(0) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-        QCoreApplication::processEvents();
+        const QModelIndex row = rowNamed(view, name);
+        QVERIFY(row.isValid());
+        const Qt::CheckState before = checkOf(row);
+        clickCheckBox(view, row);
+        QVERIFY(checkOf(rowNamed(view, name)) != before);
     }
 
 private slots:
@@ -86,8 +106,9 @@ private slots:
 
     void ticksSelectAllAndTheMixedState()
     {
-        QTreeWidget *files = m_review->rightOutlineView();
-        QCOMPARE(m_review->leftCategoryTableView()->currentItem()->text(0), QString("User Cache"));
+        QTreeView *files = m_review->rightOutlineView();
+        QCOMPARE(m_review->leftCategoryTableView()->currentIndex().data().toString(),
+                 QString("User Cache"));
         // Largest first, until the user sorts otherwise.
         QCOMPARE(namesOf(files), (QStringList{"alpha", "gamma", "beta", "loose.log"}));
         QCheckBox *all = m_review->updateAllDetailBtn();
@@ -96,9 +117,9 @@ private slots:
         all->click();
         QCOMPARE(all->text(), QString("Select All"));
         QCOMPARE(AppModuleService::categoriesOf(systemJunk)[0].state, 0);
-        QCOMPARE(rowNamed(files, "alpha")->checkState(0), Qt::Unchecked);
+        QCOMPARE(checkOf(rowNamed(files, "alpha")), Qt::Unchecked);
 
-        tick(rowNamed(files, "gamma"));
+        tick(files, "gamma");
         QCOMPARE(AppModuleService::categoriesOf(systemJunk)[0].state, -1);
         QCOMPARE(all->checkState(), Qt::PartiallyChecked);
         QVERIFY(m_bar->statusTextField()->text().startsWith("Selected: "));
@@ -111,21 +132,22 @@ private slots:
 
     void sortingSearchDatesAndTheFileManager()
     {
-        QTreeWidget *files = m_review->rightOutlineView();
+        QTreeView *files = m_review->rightOutlineView();
         m_review->sort("ascending", "name");
         QCOMPARE(namesOf(files), (QStringList{"alpha", "beta", "gamma", "loose.log"}));
         m_review->sort("sideways", "size"); // the direction stays
         QCOMPARE(namesOf(files), (QStringList{"loose.log", "beta", "gamma", "alpha"}));
 
         m_review->updateAllDetailBtn()->click(); // all off
-        tick(rowNamed(files, "alpha"));
-        tick(rowNamed(files, "beta"));
+        tick(files, "alpha");
+        tick(files, "beta");
         m_review->sort("descending", "selection");
         QStringList ticked = namesOf(files).mid(0, 2);
         ticked.sort();
         QCOMPARE(ticked, (QStringList{"alpha", "beta"}));
 
-        QCOMPARE(rowNamed(files, "loose.log")->text(2), QString("2018-06-01 09:30"));
+        QCOMPARE(rowNamed(files, "loose.log").siblingAtColumn(2).data().toString(),
+                 QString("2018-06-01 09:30"));
 
         QVERIFY(KestalDetailViewController::openFolderPathAction(
             *AppModuleService::categoriesOf(systemJunk)[0].files.first()));
@@ -142,7 +164,7 @@ private slots:
         m_review->searchDetaiAction();
         QVERIFY(box->shown);
         QCOMPARE(m_review->searchField()->text(), QString());
-        QCOMPARE(m_review->leftCategoryTableView()->topLevelItemCount(), categories);
+        QCOMPARE(m_review->categoryModel()->rowCount(), categories);
 
         QTest::mouseClick(m_review->rightTopBackBtn(), Qt::LeftButton);
         QCOMPARE(state(), viewStatus::scandone_NoEmpty);
@@ -151,7 +173,6 @@ private slots:
     // The box over the categories sets all of them at once; they sort by size.
     void categoriesSelectAllAndSort()
     {
-        QTreeWidget *left = m_review->leftCategoryTableView();
         QCheckBox *all = m_review->updateAllCategoryBtn();
         // The shipped table leaves some categories off: the box is mixed.
         QCOMPARE(all->checkState(), Qt::PartiallyChecked);
@@ -173,11 +194,40 @@ private slots:
                 a->trigger();
         }
         QList<qint64> sizes;
-        for (int i = 0; i < left->topLevelItemCount(); ++i)
-            sizes.append(AppModuleService::categoriesOf(systemJunk)
-                             .at(left->topLevelItem(i)->data(0, Qt::UserRole).toInt())
-                             .size);
+        KestalTopDetailLeftTableView *left = m_review->categoryModel();
+        for (int row = 0; row < left->rowCount(); ++row)
+            sizes.append(AppModuleService::categoriesOf(systemJunk).at(left->categoryAt(row)).size);
         QVERIFY(std::is_sorted(sizes.begin(), sizes.end()));
+        // The first category of the new order is the one on the right.
+        QCOMPARE(m_review->fileModel()->categoryIndex(), left->categoryAt(0));
+    }
+
+    // A tick redraws its row and the category's row, nothing else; the
+    // boxes over the panes change with them, and a select-all is one signal.
+    void aTickRedrawsItsRowAndItsCategory()
+    {
+        QTreeView *files = m_review->rightOutlineView();
+        const ModelSignals right(m_review->fileModel());
+        const ModelSignals left(m_review->categoryModel());
+        const int gamma = rowNamed(files, "gamma").row();
+        tick(files, "gamma");
+        QCOMPARE(right.dataChanged.size(), 1);
+        QCOMPARE(right.rows(0), std::make_pair(gamma, gamma));
+        QCOMPARE(left.dataChanged.size(), 1);
+        QCOMPARE(left.rows(0), std::make_pair(0, 0));
+        QCOMPARE(checkOf(m_review->categoryModel()->index(0, 0)), Qt::PartiallyChecked);
+        QCOMPARE(m_review->updateAllDetailBtn()->checkState(), Qt::PartiallyChecked);
+
+        m_review->updateAllDetailBtn()->click();
+        QCOMPARE(right.dataChanged.size(), 2);
+        QCOMPARE(right.rows(1), std::make_pair(0, files->model()->rowCount() - 1));
+        QCOMPARE(checkOf(rowNamed(files, "gamma")), Qt::Checked);
+
+        // The category's own box redraws its files once.
+        clickCheckBox(m_review->leftCategoryTableView(), m_review->categoryModel()->index(0, 0));
+        QCOMPARE(checkOf(rowNamed(files, "alpha")), Qt::Unchecked);
+        QCOMPARE(right.dataChanged.size(), 3);
+        QCOMPARE(right.wholeList() + left.wholeList(), 0);
     }
 };
 

@@ -12,6 +12,7 @@
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRootViewController.h"
+#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 #include "cleaner/shell/Workspace.h"
 
 #include <QAction>
@@ -110,10 +111,10 @@ public:
             bar->reviewBtn()->click();
             // The last item of the first category stays out, and the item
             // named "vanished" goes before the clean comes to it.
-            QTreeWidget *files = right->topSwitch()->detail(module)->rightOutlineView();
-            if (files->topLevelItemCount() > 1)
-                files->topLevelItem(files->topLevelItemCount() - 1)
-                    ->setCheckState(0, Qt::Unchecked);
+            QAbstractItemModel *files = right->topSwitch()->detail(module)->fileModel();
+            if (files->rowCount() > 1)
+                files->setData(files->index(files->rowCount() - 1, 0), Qt::Unchecked,
+                               Qt::CheckStateRole);
             shoot(stem + QStringLiteral("-review"));
             QDir(QDir::home().filePath(QStringLiteral(".cache/vanished"))).removeRecursively();
             confirmNextQuestion();
