@@ -6,7 +6,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 build=$1
-cli="$build/bin/brenlow-cli"
+cli="$(cd "$build" && pwd)/bin/brenlow-cli"
 [ -x "$cli" ] || { echo "build first: $cli is missing" >&2; exit 1; }
 corpus=${BENCH_DUPLICATES:-/tmp/brenlow-bench-duplicates}
 tiny=${BENCH_TINY:-/tmp/brenlow-bench-tiny}
