@@ -3,6 +3,7 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/finders/KestalLargeAndOldFileServices.h"
 #include "cleaner/scan/KestalService.h"
 #include "cli/CliCommands.h"
 #include "cli/JsonOutput.h"
@@ -151,12 +152,18 @@ int CliCommands::clean(const QByteArrayList &args)
             rest.append(QString::fromLocal8Bit(a));
         }
     }
+    FinderOptions finderOptions;
+    QString error;
+    if (!takeFinderOptions(rest, &finderOptions, &error))
+        return usage(error);
     if (rest.size() != 1)
         return usage(QStringLiteral("clean takes one MODULE"));
     o.module = resolveModule(rest.first());
     if (o.module < 0)
         return usage(
             QStringLiteral("no module named \"%1\"").arg(TerminalText::escaped(rest.first())));
+    if (!applyFinderOptions(o.module, finderOptions, &error))
+        return usage(error);
     // Module 0 is Auto Cleanup when its categories name child modules.
     if (const QList<int> children = autoCleanupChildren(); o.module == 0 && !children.isEmpty())
         return cleanAutoCleanup(o, children);
@@ -164,7 +171,18 @@ int CliCommands::clean(const QByteArrayList &args)
         return usage(QStringLiteral("module \"%1\" has nothing to scan")
                          .arg(TerminalText::escaped(rest.first())));
     QByteArray missing;
-    if (!applySelection(o, {o.module}, &missing))
+    bool listed = false;
+    if (KestalService::hasOwnScan(o.module) && o.select == QLatin1String("paths")) {
+        // Everything unticked first; a file shown twice is then ticked once.
+        CleanOptions nothing = o;
+        nothing.select = QStringLiteral("none");
+        nothing.paths.clear();
+        listed = applySelection(nothing, {o.module}, &missing) &&
+                 selectFinderPaths(o.module, o.paths, &missing);
+    } else {
+        listed = applySelection(o, {o.module}, &missing);
+    }
+    if (!listed)
         return usage(QStringLiteral("the scan did not list \"%1\"")
                          .arg(TerminalText::escapedBytes(missing)));
     const auto [size, number] = AppModuleService::calculateModuleSizeAndNumber(o.module);
@@ -180,8 +198,14 @@ int CliCommands::clean(const QByteArrayList &args)
                 QCoreApplication::exit(0);
             }
         });
-    KestalModuleCleanService::analysisModule(o.module, recorder);
+    // The large and old files module lists one file in two categories.
+    if (o.module == KestalLargeAndOldFileServices::moduleIndex)
+        KestalModuleCleanService::largeAndOldAnalysisModule(o.module, recorder);
+    else
+        KestalModuleCleanService::analysisModule(o.module, recorder);
     QCoreApplication::exec();
+    if (KestalService::hasOwnScan(o.module))
+        afterFinderClean(o.module);
     const CleanReport report = cleanReport(o.module, runStatus);
     if (o.json)
         printJson(QJsonDocument(report.record));

@@ -3,6 +3,7 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/finders/FinderScans.h"
 #include "cli/CliPrivacy.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
@@ -35,9 +36,11 @@ int CliCommands::usage(const QString &reason)
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
                "       brenlow-cli scan MODULE [--json]\n"
+               "       brenlow-cli scan Duplicates [--path DIR] [--min-size KIB] [--json]\n"
                "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
                "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
-               "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n",
+               "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
+               "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n",
                stderr);
     return 1;
 }
@@ -88,6 +91,7 @@ int CliCommands::run(const QByteArrayList &arguments)
     if (arguments.isEmpty())
         return usage(QStringLiteral("no command given"));
     SwitchLanguageService::initUserLanguage();
+    FinderScans::registerAll();
     const QByteArray command = arguments.first();
     QStringList args;
     for (const QByteArray &a : arguments.mid(1))

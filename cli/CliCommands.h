@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
+#include <optional>
 
 // The commands of brenlow-cli; each returns the process's exit status:
 // 0 done, 1 bad usage or input, 2 some items failed. Arguments arrive as the
@@ -60,4 +61,18 @@ public:
     static bool confirmed(int number, double size);
     // The Auto Cleanup clean: every child with something selected, in turn.
     static int cleanAutoCleanup(const CleanOptions &o, const QList<int> &children);
+
+    // The finders (modules whose scan is their own).
+    struct FinderOptions {
+        std::optional<QString> path;
+        std::optional<qint64> minSize;
+    };
+    // Takes --path DIR and --min-size KIB out of args.
+    static bool takeFinderOptions(QStringList &args, FinderOptions *options, QString *error);
+    static bool applyFinderOptions(int module, const FinderOptions &options, QString *error);
+    static bool runFinderScan(int module);
+    // Ticks the listed files; false (with *missing) when a path was not listed.
+    static bool selectFinderPaths(int module, const QByteArrayList &paths, QByteArray *missing);
+    // Brings the finder's lists up to date after a clean.
+    static void afterFinderClean(int module);
 };

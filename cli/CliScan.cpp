@@ -102,6 +102,8 @@ void CliCommands::runAutoCleanupScan(const QList<int> &children)
 
 bool CliCommands::runScan(int module)
 {
+    if (KestalService::hasOwnScan(module))
+        return runFinderScan(module);
     const int count =
         int(AppModuleService::appModules()[module].categories.value_or(QList<Category>()).size());
     if (count == 0)
@@ -143,19 +145,26 @@ int CliCommands::scan(const QStringList &args)
 {
     QStringList rest = args;
     const bool json = rest.removeAll(QStringLiteral("--json")) > 0;
+    FinderOptions finderOptions;
+    QString error;
+    if (!takeFinderOptions(rest, &finderOptions, &error))
+        return usage(error);
     if (rest.size() != 1)
         return usage(QStringLiteral("scan takes one MODULE"));
     const int module = resolveModule(rest.first());
     if (module < 0)
         return usage(
             QStringLiteral("no module named \"%1\"").arg(TerminalText::escaped(rest.first())));
+    if (!applyFinderOptions(module, finderOptions, &error))
+        return usage(error);
     // Module 0 is Auto Cleanup when its categories name child modules.
     if (const QList<int> children = autoCleanupChildren(); module == 0 && !children.isEmpty())
         return scanAutoCleanup(children, json);
 
     const QList<Category> categories =
         AppModuleService::appModules()[module].categories.value_or(QList<Category>());
-    if (categories.isEmpty()) {
+    // The duplicate finder makes its categories; the others scan into theirs.
+    if (categories.isEmpty() && !KestalService::hasOwnScan(module)) {
         // A module with no categories of its own would scan forever.
         if (json)
             printJson(

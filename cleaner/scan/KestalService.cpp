@@ -49,6 +49,27 @@ bool hasOwnCategoriesFromScan(int moduleIndex)
 
 int KestalService::timeInterval = 1;
 
+namespace {
+
+// Outlives reset(): registration happens once per process.
+QHash<int, KestalService::ModuleScan> &ownScans()
+{
+    static QHash<int, KestalService::ModuleScan> entries;
+    return entries;
+}
+
+} // namespace
+
+void KestalService::registerModuleScan(int modelIndex, ModuleScan entry)
+{
+    ownScans().insert(modelIndex, std::move(entry));
+}
+
+bool KestalService::hasOwnScan(int modelIndex)
+{
+    return ownScans().contains(modelIndex);
+}
+
 QHash<int, int> &KestalService::scanStatus()
 {
     return tables().scanStatus;
@@ -206,6 +227,14 @@ void KestalService::scanCategoryOfType(Category &c, const Progress &progress,
 
 void KestalService::scan(int modelIndex, Progress progress, ShowPercent showPercent, Done done)
 {
+    if (const auto own = ownScans().constFind(modelIndex); own != ownScans().constEnd()) {
+        (*own)(std::move(progress), std::move(showPercent), [modelIndex, done] {
+            scanStatus()[modelIndex] = -1;
+            if (done)
+                done(-1);
+        });
+        return;
+    }
     if (scanStatus().value(modelIndex) == 1)
         return; // already scanning
     scanStatus()[modelIndex] = 1;

@@ -38,6 +38,21 @@ public:
     static int timeInterval;
 
     static void scan(int modelIndex, Progress progress, ShowPercent showPercent, Done done);
+
+    // Modules whose scan is their own are registered by the layer that owns
+    // them, so the driver reaches them without knowing them; scan() starts
+    // them in place of the category loop. Both kinds store their categories
+    // themselves and call finished on the main thread.
+    using ModuleScan = std::function<void(Progress progress, ShowPercent showPercent,
+                                          std::function<void()> finished)>;
+    // An entry that runs the module's status and watchdog itself, as the
+    // finders' services do (duplicates, large and old files); done hears -1.
+    static void registerModuleScan(int modelIndex, ModuleScan entry);
+    // A scan body for which the driver runs status, watchdog and stop (privacy);
+    // it runs on the global queue and done hears the last category.
+    static void setModuleScan(int moduleIndex, ModuleScan scan);
+    // Whether an entry of registerModuleScan runs the module.
+    static bool hasOwnScan(int modelIndex);
     static void handleEvents(DispatchTimer *timer);
     static bool isStopScan(int moduleIndex);
     static bool judgeStopScan(int modelIndex);
@@ -54,14 +69,6 @@ public:
     static void initCleanningCompletedStatus();
     // Drops every table, so the next use starts afresh (tests, a new module table).
     static void reset();
-
-    // A module whose scan is its own (privacy, the finders) is registered by
-    // the layer that owns it; scan() then runs it on the global queue in
-    // place of the category loop. The scan stores its categories itself and
-    // calls finished on the main thread; done then hears the last category.
-    using ModuleScan = std::function<void(Progress progress, ShowPercent showPercent,
-                                          std::function<void()> finished)>;
-    static void setModuleScan(int moduleIndex, ModuleScan scan);
 
     // Fills one category copy from its roots with the scanner its type names.
     static void scanCategoryOfType(Category &c, const Progress &progress,

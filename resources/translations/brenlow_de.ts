@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>Lokaler HTML5-Speicher</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>Größer als 100 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>Dateien mit mehr als 100 MB</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>Größer als 5 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>Dateien mit mehr als 5 MB, bis 100 MB</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>Älter als ein Jahr</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>Dateien, die vor mehr als einem Jahr zuletzt geändert wurden</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>Älter als ein Monat</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>Dateien, die vor mehr als einem Monat, aber innerhalb des Jahres zuletzt geändert wurden</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>Daten werden analysiert</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>Daten werden zusammengestellt</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>Videos </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>Musik </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>Bilder </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>Dokumente </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>Andere</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>Alle</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>Keine gleiche Datei</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>Keine Datei</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>Es gibt keine doppelten Dateien</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>Die eingegebene Zahl kann nur eine ganze Zahl sein</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>Duplikatsuche einrichten</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>Dateien mit ***kb oder weniger als dem folgenden Wert werden automatisch übersprungen.</translation>
+        </message>
     </context>
 </TS>

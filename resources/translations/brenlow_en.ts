@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>HTML5 Local Storage</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>Larger than 100 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>Files of more than 100 MB</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>Larger than 5 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>Files of more than 5 MB, up to 100 MB</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>Older than a year</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>Files last changed more than a year ago</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>Older than a month</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>Files last changed more than a month ago, within the year</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>Analyzing Data</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>Collating data</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>Videos </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>Music </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>Images </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>Documents </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>Others</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>All</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>Not the same file</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>No File</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>There are no files available for duplication</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>The number entered can only be an integer</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>Duplicate Finder Configuration</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>File in ***kb smaller than the below value will be automatically skipped.</translation>
+        </message>
     </context>
 </TS>

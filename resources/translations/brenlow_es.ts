@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>Almacenamiento local HTML5</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>Más de 100 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>Archivos de más de 100 MB</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>Más de 5 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>Archivos de más de 5 MB, hasta 100 MB</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>Más antiguos de un año</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>Archivos modificados por última vez hace más de un año</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>Más antiguos de un mes</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>Archivos modificados por última vez hace más de un mes, dentro del año</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>Analizando datos</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>Recopilando datos</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>Vídeos </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>Música </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>Imágenes </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>Documentos </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>Otros</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>Todos</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>Ningún archivo igual</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>Ningún archivo</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>No hay archivos duplicados</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>El número introducido solo puede ser un entero</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>Configuración del buscador de duplicados</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>Los archivos de ***kb menores que el valor siguiente se omitirán automáticamente.</translation>
+        </message>
     </context>
 </TS>

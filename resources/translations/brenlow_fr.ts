@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>Stockage local HTML5</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>Plus de 100 Mo</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>Fichiers de plus de 100 Mo</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>Plus de 5 Mo</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>Fichiers de plus de 5 Mo, jusqu’à 100 Mo</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>Plus d’un an</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>Fichiers modifiés pour la dernière fois il y a plus d’un an</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>Plus d’un mois</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>Fichiers modifiés pour la dernière fois il y a plus d’un mois, dans l’année</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>Analyse des données</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>Regroupement des données</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>Vidéos </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>Musique </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>Images </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>Documents </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>Autres</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>Tout</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>Aucun fichier identique</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>Aucun fichier</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>Aucun fichier en double</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>Le nombre saisi ne peut être qu’un entier</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>Configuration de la recherche de doublons</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>Les fichiers de ***ko inférieurs à la valeur ci-dessous seront ignorés automatiquement.</translation>
+        </message>
     </context>
 </TS>

@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>HTML5 ローカルストレージ</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>100 MB より大きい</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>100 MB を超えるファイル</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>5 MB より大きい</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>5 MB を超え 100 MB 以下のファイル</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>1 年以上前</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>最後の変更が 1 年以上前のファイル</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>1 か月以上前</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>最後の変更が 1 か月以上前で 1 年以内のファイル</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>データを分析中</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>データを整理中</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>ビデオ </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>ミュージック </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>イメージ </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>書類 </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>その他</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>すべて</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>同じファイルはありません</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>ファイルなし</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>重複ファイルはありません</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>入力できるのは整数だけです</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>重複ファイル検索の設定</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>下の値より小さい ***kb のファイルは自動的にスキップされます。</translation>
+        </message>
     </context>
 </TS>

@@ -755,5 +755,93 @@
             <source>HTML5 Local Storage</source>
             <translation>HTML5 本機儲存空間</translation>
         </message>
+        <message>
+            <source>Larger than 100 MB</source>
+            <translation>大於 100 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 100 MB</source>
+            <translation>超過 100 MB 的檔案</translation>
+        </message>
+        <message>
+            <source>Larger than 5 MB</source>
+            <translation>大於 5 MB</translation>
+        </message>
+        <message>
+            <source>Files of more than 5 MB, up to 100 MB</source>
+            <translation>超過 5 MB、不超過 100 MB 的檔案</translation>
+        </message>
+        <message>
+            <source>Older than a year</source>
+            <translation>超過一年</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a year ago</source>
+            <translation>最後修改於一年多以前的檔案</translation>
+        </message>
+        <message>
+            <source>Older than a month</source>
+            <translation>超過一個月</translation>
+        </message>
+        <message>
+            <source>Files last changed more than a month ago, within the year</source>
+            <translation>最後修改於一個月多以前、一年以內的檔案</translation>
+        </message>
+        <message>
+            <source>Analyzing Data</source>
+            <translation>正在分析資料</translation>
+        </message>
+        <message>
+            <source>Collating data</source>
+            <translation>正在整理資料</translation>
+        </message>
+        <message>
+            <source>Videos </source>
+            <translation>影片 </translation>
+        </message>
+        <message>
+            <source>Music </source>
+            <translation>音樂 </translation>
+        </message>
+        <message>
+            <source>Images </source>
+            <translation>影像 </translation>
+        </message>
+        <message>
+            <source>Documents </source>
+            <translation>文件 </translation>
+        </message>
+        <message>
+            <source>Others</source>
+            <translation>其他</translation>
+        </message>
+        <message>
+            <source>All</source>
+            <translation>全部</translation>
+        </message>
+        <message>
+            <source>Not the same file</source>
+            <translation>沒有相同的檔案</translation>
+        </message>
+        <message>
+            <source>No File</source>
+            <translation>沒有檔案</translation>
+        </message>
+        <message>
+            <source>There are no files available for duplication</source>
+            <translation>沒有重複的檔案</translation>
+        </message>
+        <message>
+            <source>The number entered can only be an integer</source>
+            <translation>輸入的數字只能是整數</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder Configuration</source>
+            <translation>重複檔案搜尋設定</translation>
+        </message>
+        <message>
+            <source>File in ***kb smaller than the below value will be automatically skipped.</source>
+            <translation>小於下方數值的 ***kb 檔案將自動略過。</translation>
+        </message>
     </context>
 </TS>

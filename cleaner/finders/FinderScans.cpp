@@ -1,0 +1,13 @@
+#include "cleaner/finders/FinderScans.h"
+
+#include "cleaner/finders/DuplicateService.h"
+#include "cleaner/finders/KestalDuplicateService.h"
+#include "cleaner/finders/KestalLargeAndOldFileServices.h"
+
+void FinderScans::registerAll()
+{
+    KestalService::registerModuleScan(DuplicateService::moduleIndex,
+                                      &KestalDuplicateService::scanDupliate);
+    KestalService::registerModuleScan(KestalLargeAndOldFileServices::moduleIndex,
+                                      &KestalLargeAndOldFileServices::scanLargeAndOldFile);
+}

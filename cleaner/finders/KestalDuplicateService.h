@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cleaner/scan/KestalService.h"
+
+#include <functional>
+
+// The duplicate finder's scan entry, with the status table and watchdog of
+// the scan driver.
+class KestalDuplicateService : public KestalService {
+public:
+    static void scanDupliate(Progress progress, ShowPercent showPercent,
+                             std::function<void()> done);
+};
