@@ -34,7 +34,8 @@ int CliCommands::usage(const QString &reason)
     std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
     std::fputs("usage: brenlow-cli modules [--json]\n"
                "       brenlow-cli scan MODULE [--json]\n"
-               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n",
+               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
+               "       brenlow-cli status [--json] [--watch SECONDS]\n",
                stderr);
     return 1;
 }
@@ -95,5 +96,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return scan(args);
     if (command == "clean")
         return clean(arguments.mid(1));
+    if (command == "status")
+        return status(args);
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

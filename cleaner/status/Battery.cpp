@@ -83,13 +83,15 @@ Battery::Reading Battery::fromUPower(const QVariantMap &device, bool onBattery)
             milliampereHours(device.value(QStringLiteral("EnergyRate")).toDouble(), volts);
         p[Key::Amperage] = state == upowerCharging ? amperage : -amperage;
     }
-    const qint64 seconds =
-        device.value(state == upowerCharging ? QStringLiteral("TimeToFull") : QStringLiteral("TimeToEmpty"))
-            .toLongLong();
+    const qint64 seconds = device
+                               .value(state == upowerCharging ? QStringLiteral("TimeToFull")
+                                                              : QStringLiteral("TimeToEmpty"))
+                               .toLongLong();
     p[Key::TimeRemaining] = int(seconds / 60);
     if (device.contains(QStringLiteral("Temperature")) &&
         device.value(QStringLiteral("Temperature")).toDouble() != 0)
-        p[Key::Temperature] = int(std::lround(device.value(QStringLiteral("Temperature")).toDouble() * 100));
+        p[Key::Temperature] =
+            int(std::lround(device.value(QStringLiteral("Temperature")).toDouble() * 100));
     // UPower gives -1 when the battery does not count its cycles.
     const int cycles = device.value(QStringLiteral("ChargeCycles"), -1).toInt();
     if (cycles >= 0)
@@ -174,7 +176,8 @@ std::optional<std::optional<Battery::Reading>> Battery::fromUPowerService()
         return std::nullopt;
     QDBusInterface upower(upowerService, upowerPath, upowerService, bus);
     upower.setTimeout(busTimeoutMs);
-    const QDBusReply<QList<QDBusObjectPath>> devices = upower.call(QStringLiteral("EnumerateDevices"));
+    const QDBusReply<QList<QDBusObjectPath>> devices =
+        upower.call(QStringLiteral("EnumerateDevices"));
     if (!devices.isValid())
         return std::nullopt;
     QDBusInterface rootProperties(upowerService, upowerPath, propertiesInterface, bus);

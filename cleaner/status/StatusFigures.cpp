@@ -46,9 +46,9 @@ std::optional<StatusFigures::Battery> StatusFigures::battery()
     ::Battery b;
     if (b.open() != ::Battery::kIOReturnSuccess)
         return std::nullopt;
-    Battery f{b.charge(),          b.timeRemainingFormatted(), b.cycleCount(),
-              b.currentCapacity(), b.maxCapactiy(),            b.designCapacity(),
-              b.isCharging(),      b.isCharged(),              b.isACPowered()};
+    Battery f{b.charge(),      b.timeRemainingFormatted(), b.cycleCount(), b.currentCapacity(),
+              b.maxCapactiy(), b.designCapacity(),         b.isCharging(), b.isCharged(),
+              b.isACPowered()};
     b.close();
     return f;
 }

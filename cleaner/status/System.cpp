@@ -134,8 +134,10 @@ System::MemoryUsage System::memoryUsage()
     const QByteArray m = SystemFiles::read(QStringLiteral("/proc/meminfo"));
     MemoryUsage usage;
     usage.free = gigabytes(memInfo(m, "MemFree"));
-    usage.active = gigabytes(memInfo(m, "Active"));
-    usage.inactive = gigabytes(memInfo(m, "Inactive"));
+    // Programs' own pages only: the file cache is handed back on demand, so
+    // it is neither used nor lost (as free(1) counts it).
+    usage.active = gigabytes(memInfo(m, "Active(anon)"));
+    usage.inactive = gigabytes(memInfo(m, "Inactive(anon)"));
     // Memory the kernel cannot page out: locked pages, its own unreclaimable
     // tables and stacks.
     usage.wired = gigabytes(memInfo(m, "Unevictable") + memInfo(m, "SUnreclaim") +
@@ -161,7 +163,8 @@ int System::physicalCores()
     for (int cpu : onlineCpus()) {
         const QString package =
             SystemFiles::firstLine(cpuPath(cpu, QStringLiteral("topology/physical_package_id")));
-        const QString core = SystemFiles::firstLine(cpuPath(cpu, QStringLiteral("topology/core_id")));
+        const QString core =
+            SystemFiles::firstLine(cpuPath(cpu, QStringLiteral("topology/core_id")));
         // Without topology every CPU counts as a core of its own.
         cores.insert(core.isEmpty() ? QString::number(cpu) : package + QLatin1Char(':') + core);
     }
@@ -170,7 +173,8 @@ int System::physicalCores()
 
 QString System::model()
 {
-    const QString product = SystemFiles::firstLine(QStringLiteral("/sys/class/dmi/id/product_name"));
+    const QString product =
+        SystemFiles::firstLine(QStringLiteral("/sys/class/dmi/id/product_name"));
     if (!product.isEmpty())
         return product;
     // Boards without DMI (ARM) name themselves in the device tree, NUL-ended.
@@ -227,8 +231,11 @@ System::ProcessCounts System::processCounts()
 
 System::Uptime System::uptime()
 {
-    const qint64 seconds = qint64(
-        SystemFiles::read(QStringLiteral("/proc/uptime")).simplified().split(' ').value(0).toDouble());
+    const qint64 seconds = qint64(SystemFiles::read(QStringLiteral("/proc/uptime"))
+                                      .simplified()
+                                      .split(' ')
+                                      .value(0)
+                                      .toDouble());
     return {int(seconds / 86400), int(seconds / 3600 % 24), int(seconds / 60 % 60),
             int(seconds % 60)};
 }
@@ -284,10 +291,9 @@ System::PowerLimit System::CPUPowerLimit()
     // The scheduler limit: this program's cgroup quota ("max" is no limit).
     const QString cgroup = SystemFiles::firstLine(QStringLiteral("/proc/self/cgroup"));
     if (cgroup.startsWith(QLatin1String("0::"))) {
-        const QStringList max =
-            SystemFiles::firstLine(QStringLiteral("/sys/fs/cgroup") + cgroup.mid(3) +
-                                   QStringLiteral("/cpu.max"))
-                .split(QLatin1Char(' '));
+        const QStringList max = SystemFiles::firstLine(QStringLiteral("/sys/fs/cgroup") +
+                                                       cgroup.mid(3) + QStringLiteral("/cpu.max"))
+                                    .split(QLatin1Char(' '));
         if (max.size() == 2 && max[0] == QLatin1String("max"))
             limit.schedulerTime = 100;
         else if (max.size() == 2 && max[1].toDouble() > 0)

@@ -7,11 +7,8 @@
 SystemStatusService::ModelData SystemStatusService::modelData(const QVariant &table,
                                                               const QString &identifier)
 {
-    const QVariantMap names = table.toMap()
-                                  .value(identifier)
-                                  .toMap()
-                                  .value(QStringLiteral("_LOCALIZABLE_"))
-                                  .toMap();
+    const QVariantMap names =
+        table.toMap().value(identifier).toMap().value(QStringLiteral("_LOCALIZABLE_")).toMap();
     auto text = [&names](const QString &key) {
         const QString value = names.value(key).toString();
         return value.isEmpty() ? QStringLiteral("Unknown") : value;

@@ -17,18 +17,18 @@ namespace {
 const QSet<QString> &pseudoTypes()
 {
     static const QSet<QString> types = {
-        "proc",       "sysfs",     "tmpfs",         "devtmpfs",    "devpts",   "cgroup",
-        "cgroup2",    "securityfs", "debugfs",      "tracefs",     "configfs", "fusectl",
-        "mqueue",     "hugetlbfs", "pstore",        "bpf",         "autofs",   "binfmt_misc",
-        "efivarfs",   "rpc_pipefs", "nsfs",         "ramfs",       "squashfs", "selinuxfs",
-        "fuse.portal", "fuse.gvfsd-fuse", "fuse.lxcfs", "fuse.snapfuse", "overlay", "iso9660"};
+        "proc",        "sysfs",           "tmpfs",      "devtmpfs",      "devpts",   "cgroup",
+        "cgroup2",     "securityfs",      "debugfs",    "tracefs",       "configfs", "fusectl",
+        "mqueue",      "hugetlbfs",       "pstore",     "bpf",           "autofs",   "binfmt_misc",
+        "efivarfs",    "rpc_pipefs",      "nsfs",       "ramfs",         "squashfs", "selinuxfs",
+        "fuse.portal", "fuse.gvfsd-fuse", "fuse.lxcfs", "fuse.snapfuse", "overlay",  "iso9660"};
     return types;
 }
 
 const QSet<QString> &networkTypes()
 {
-    static const QSet<QString> types = {"nfs", "nfs4", "cifs", "smb3", "smbfs", "fuse.sshfs",
-                                        "9p",  "afs"};
+    static const QSet<QString> types = {"nfs",   "nfs4",       "cifs", "smb3",
+                                        "smbfs", "fuse.sshfs", "9p",   "afs"};
     return types;
 }
 
@@ -64,13 +64,13 @@ bool VolumeInfo::isUserVolume(const MountedVolume &v)
         return true; // the system's disk, whatever holds it (a container's overlay too)
     if (isSnapshot(v) || pseudoTypes().contains(v.fileSystemType))
         return false;
-    return v.device.startsWith(QLatin1String("/dev/")) || networkTypes().contains(v.fileSystemType) ||
-           v.fileSystemType == QLatin1String("zfs");
+    return v.device.startsWith(QLatin1String("/dev/")) ||
+           networkTypes().contains(v.fileSystemType) || v.fileSystemType == QLatin1String("zfs");
 }
 
 std::optional<VolumeInfo> VolumeInfo::fromVolume(const MountedVolume &volume)
 {
-    struct statvfs fs{};
+    struct statvfs fs {};
     if (statvfs(QFile::encodeName(volume.path).constData(), &fs) != 0)
         return std::nullopt;
     VolumeInfo info;

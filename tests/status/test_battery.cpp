@@ -22,11 +22,11 @@ private slots:
     {
         // Types as UPower puts them on the bus: d, x, u, i, b.
         const QVariantMap discharging{
-            {"Type", uint(2)},          {"PowerSupply", true},     {"IsPresent", true},
-            {"State", uint(2)},         {"Percentage", 63.0},      {"Energy", 31.5},
-            {"EnergyFull", 50.0},       {"EnergyFullDesign", 57.0}, {"EnergyRate", 10.5},
-            {"Voltage", 11.4},          {"TimeToEmpty", qint64(10800)}, {"TimeToFull", qint64(0)},
-            {"Temperature", 30.1},      {"ChargeCycles", 312}};
+            {"Type", uint(2)},     {"PowerSupply", true},          {"IsPresent", true},
+            {"State", uint(2)},    {"Percentage", 63.0},           {"Energy", 31.5},
+            {"EnergyFull", 50.0},  {"EnergyFullDesign", 57.0},     {"EnergyRate", 10.5},
+            {"Voltage", 11.4},     {"TimeToEmpty", qint64(10800)}, {"TimeToFull", qint64(0)},
+            {"Temperature", 30.1}, {"ChargeCycles", 312}};
         Battery b(Battery::fromUPower(discharging, true));
         QCOMPARE(b.currentCapacity(), 2763); // 31.5 Wh / 11.4 V
         QCOMPARE(b.maxCapactiy(), 4386);
@@ -59,7 +59,8 @@ private slots:
         QTest::addColumn<int>("hundredths");
         QTest::addColumn<int>("unit");
         QTest::addColumn<double>("expected");
-        QTest::newRow("30.10 C rounds up") << 3010 << int(Battery::TemperatureUnit::Celsius) << 31.0;
+        QTest::newRow("30.10 C rounds up")
+            << 3010 << int(Battery::TemperatureUnit::Celsius) << 31.0;
         QTest::newRow("30.00 C stays") << 3000 << int(Battery::TemperatureUnit::Celsius) << 30.0;
         QTest::newRow("30.00 C in F") << 3000 << int(Battery::TemperatureUnit::Fahrenheit) << 86.0;
         QTest::newRow("30.10 C in F") << 3010 << int(Battery::TemperatureUnit::Fahrenheit) << 87.0;
@@ -81,10 +82,17 @@ private slots:
         // A notebook's battery that counts charge, with its adapter plugged in.
         writeSupply(env.root(), "AC", {{"type", "Mains"}, {"online", "1"}});
         writeSupply(env.root(), "BAT0",
-                    {{"type", "Battery"}, {"present", "1"}, {"status", "Charging"},
-                     {"capacity", "80"}, {"charge_now", "3200000"}, {"charge_full", "4000000"},
-                     {"charge_full_design", "4400000"}, {"current_now", "1600000"},
-                     {"voltage_min_design", "11100000"}, {"cycle_count", "57"}, {"temp", "301"}});
+                    {{"type", "Battery"},
+                     {"present", "1"},
+                     {"status", "Charging"},
+                     {"capacity", "80"},
+                     {"charge_now", "3200000"},
+                     {"charge_full", "4000000"},
+                     {"charge_full_design", "4400000"},
+                     {"current_now", "1600000"},
+                     {"voltage_min_design", "11100000"},
+                     {"cycle_count", "57"},
+                     {"temp", "301"}});
         Battery b;
         QCOMPARE(b.open(), Battery::kIOReturnSuccess);
         QCOMPARE(b.open(), Battery::kIOReturnStillOpen);
@@ -109,9 +117,13 @@ private slots:
         writeSupply(env.root(), "hidpp_battery_0",
                     {{"type", "Battery"}, {"scope", "Device"}, {"capacity", "5"}});
         writeSupply(env.root(), "BAT1",
-                    {{"type", "Battery"}, {"status", "Discharging"}, {"capacity", "50"},
-                     {"energy_now", "25000000"}, {"energy_full", "50000000"},
-                     {"energy_full_design", "50000000"}, {"power_now", "12500000"},
+                    {{"type", "Battery"},
+                     {"status", "Discharging"},
+                     {"capacity", "50"},
+                     {"energy_now", "25000000"},
+                     {"energy_full", "50000000"},
+                     {"energy_full_design", "50000000"},
+                     {"power_now", "12500000"},
                      {"voltage_min_design", "12500000"}});
         Battery b;
         QCOMPARE(b.open(), Battery::kIOReturnSuccess);
@@ -146,11 +158,13 @@ private slots:
     {
         // What this machine has: a battery in sysfs or behind UPower, or none.
         bool hasBattery = false;
-        for (const QString &name : QDir("/sys/class/power_supply").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        for (const QString &name :
+             QDir("/sys/class/power_supply").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
             QFile type("/sys/class/power_supply/" + name + "/type");
             QFile scope("/sys/class/power_supply/" + name + "/scope");
-            hasBattery |= type.open(QIODevice::ReadOnly) && type.readAll().trimmed() == "Battery" &&
-                          !(scope.open(QIODevice::ReadOnly) && scope.readAll().trimmed() == "Device");
+            hasBattery |=
+                type.open(QIODevice::ReadOnly) && type.readAll().trimmed() == "Battery" &&
+                !(scope.open(QIODevice::ReadOnly) && scope.readAll().trimmed() == "Device");
         }
         const auto upower = Battery::fromUPowerService();
         if (upower)

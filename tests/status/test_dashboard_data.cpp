@@ -21,7 +21,9 @@ private slots:
             // Each one as df sees its mount point, within what a build
             // running beside the test writes meanwhile.
             const QList<QByteArray> df =
-                toolOutput("df -B1 --output=size,avail '" + v.path + "' | tail -1").simplified().split(' ');
+                toolOutput("df -B1 --output=size,avail '" + v.path + "' | tail -1")
+                    .simplified()
+                    .split(' ');
             QCOMPARE(df.size(), 2);
             QCOMPARE(v.capacity, df[0].toLongLong());
             QVERIFY2(std::abs(v.available - df[1].toLongLong()) < 256 * 1024 * 1024,
@@ -31,7 +33,8 @@ private slots:
         // No kernel or memory file systems, each file system once.
         QSet<QString> paths;
         for (const VolumeInfo &v : volumes) {
-            QVERIFY2(*v.volumeType != "proc" && *v.volumeType != "sysfs" && *v.volumeType != "tmpfs",
+            QVERIFY2(*v.volumeType != "proc" && *v.volumeType != "sysfs" &&
+                         *v.volumeType != "tmpfs",
                      qPrintable(v.path));
             QVERIFY(!paths.contains(v.path));
             paths.insert(v.path);
@@ -47,16 +50,36 @@ private slots:
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("device");
         QTest::addColumn<bool>("shown");
-        QTest::newRow("system disk on overlay") << "/" << "overlay" << "overlay" << true;
-        QTest::newRow("data disk") << "/data" << "ext4" << "/dev/sdb1" << true;
-        QTest::newRow("network share") << "/mnt/nas" << "nfs4" << "nas:/export" << true;
-        QTest::newRow("zfs dataset") << "/tank" << "zfs" << "tank/data" << true;
-        QTest::newRow("zfs snapshot") << "/tank/.zfs/snapshot/a" << "zfs" << "tank/data@a" << false;
-        QTest::newRow("btrfs snapshot") << "/.snapshots/5/snapshot" << "btrfs" << "/dev/sda2" << false;
-        QTest::newRow("snap package") << "/snap/core/1" << "squashfs" << "/dev/loop3" << false;
-        QTest::newRow("kernel") << "/proc" << "proc" << "proc" << false;
-        QTest::newRow("memory") << "/run" << "tmpfs" << "tmpfs" << false;
-        QTest::newRow("container layer") << "/var/lib/docker/x" << "overlay" << "overlay" << false;
+        QTest::newRow("system disk on overlay") << "/"
+                                                << "overlay"
+                                                << "overlay" << true;
+        QTest::newRow("data disk") << "/data"
+                                   << "ext4"
+                                   << "/dev/sdb1" << true;
+        QTest::newRow("network share") << "/mnt/nas"
+                                       << "nfs4"
+                                       << "nas:/export" << true;
+        QTest::newRow("zfs dataset") << "/tank"
+                                     << "zfs"
+                                     << "tank/data" << true;
+        QTest::newRow("zfs snapshot") << "/tank/.zfs/snapshot/a"
+                                      << "zfs"
+                                      << "tank/data@a" << false;
+        QTest::newRow("btrfs snapshot") << "/.snapshots/5/snapshot"
+                                        << "btrfs"
+                                        << "/dev/sda2" << false;
+        QTest::newRow("snap package") << "/snap/core/1"
+                                      << "squashfs"
+                                      << "/dev/loop3" << false;
+        QTest::newRow("kernel") << "/proc"
+                                << "proc"
+                                << "proc" << false;
+        QTest::newRow("memory") << "/run"
+                                << "tmpfs"
+                                << "tmpfs" << false;
+        QTest::newRow("container layer") << "/var/lib/docker/x"
+                                         << "overlay"
+                                         << "overlay" << false;
     }
     void userVolumes()
     {
@@ -119,7 +142,8 @@ private slots:
         QTest::addColumn<qint64>("firstUpload");
         const QByteArray header = "Inter-|   Receive |  Transmit\n face |bytes packets|bytes\n";
         QTest::newRow("loopback only: no network")
-            << header + "    lo: 5000 10 0 0 0 0 0 0 5000 10 0 0 0 0 0 0\n" << qint64(0) << qint64(0);
+            << header + "    lo: 5000 10 0 0 0 0 0 0 5000 10 0 0 0 0 0 0\n"
+            << qint64(0) << qint64(0);
         QTest::newRow("no interfaces at all") << QByteArray() << qint64(0) << qint64(0);
         QTest::newRow("wired and wireless, bridges left out")
             << header + "  eth0: 1000 1 0 0 0 0 0 0 500 1 0 0 0 0 0 0\n"
@@ -166,11 +190,13 @@ private slots:
         QTest::addColumn<QByteArray>("product");
         QTest::addColumn<QString>("model");
         QTest::addColumn<QString>("marketing");
-        QTest::newRow("in the table") << QByteArray("Standard PC (Q35 + ICH9, 2009)\n")
-                                      << "QEMU Virtual Machine"
-                                      << "QEMU Virtual Machine (Q35 chipset)";
-        QTest::newRow("not in the table") << QByteArray("Frobnitz 3000\n") << "Unknown" << "Unknown";
-        QTest::newRow("no firmware name") << QByteArray() << "Unknown" << "Unknown";
+        QTest::newRow("in the table")
+            << QByteArray("Standard PC (Q35 + ICH9, 2009)\n") << "QEMU Virtual Machine"
+            << "QEMU Virtual Machine (Q35 chipset)";
+        QTest::newRow("not in the table") << QByteArray("Frobnitz 3000\n") << "Unknown"
+                                          << "Unknown";
+        QTest::newRow("no firmware name") << QByteArray() << "Unknown"
+                                          << "Unknown";
     }
     void modelNames()
     {
