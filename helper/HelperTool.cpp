@@ -1,11 +1,16 @@
 #include "helper/HelperTool.h"
 
+#include "helper/HelperLog.h"
+
 #include <QCoreApplication>
 #include <cstdio>
 #include <sys/stat.h>
 
-HelperTool::HelperTool() : m_channel(0, 1), m_queue(QStringLiteral("helper operations"))
+HelperTool::HelperTool() : m_channel(0, 1), m_removal(AllowList::forCaller())
 {
+    m_worker.setObjectName(QStringLiteral("helper operations"));
+    m_onWorker.moveToThread(&m_worker);
+    m_worker.start();
     QObject::connect(&m_channel, &StdioChannel::message, &m_channel,
                      [this](const QCborValue &m) { received(m); });
     QObject::connect(&m_channel, &StdioChannel::malformed, &m_channel,
@@ -13,6 +18,14 @@ HelperTool::HelperTool() : m_channel(0, 1), m_queue(QStringLiteral("helper opera
     // The service went away: nobody is left to ask for anything.
     QObject::connect(&m_channel, &StdioChannel::closed, &m_channel,
                      [] { QCoreApplication::exit(0); });
+}
+
+HelperTool::~HelperTool()
+{
+    // Queued behind the work already asked for, so that all of it is done.
+    QMetaObject::invokeMethod(
+        &m_onWorker, [this] { m_worker.quit(); }, Qt::QueuedConnection);
+    m_worker.wait();
 }
 
 void HelperTool::refuse(const QString &reason, std::optional<qint64> id)
@@ -78,12 +91,28 @@ void HelperTool::operationWithFolders(const QCborMap &folders, qint64 type, qint
     case operationType::shredder:
     case operationType::move:
     case operationType::usb:
-        m_queue.async([=, this] {
-            carryOut(folders, Wire::wireIdentities(identities), type, module, sequence);
-        });
+        QMetaObject::invokeMethod(
+            &m_onWorker,
+            [=, this] {
+                carryOut(folders, Wire::wireIdentities(identities), type, module, sequence);
+            },
+            Qt::QueuedConnection);
         return;
     }
-    refuse(QStringLiteral("unknown operation type %1").arg(type));
+    answerUnknown(folders, type, module);
+}
+
+// A request the helper cannot carry out still gets its answer, or the run that
+// sent it would wait for ever: every path keeps its place with `nocause`.
+void HelperTool::answerUnknown(const QCborMap &folders, qint64 type, int moduleIndex)
+{
+    logLine(QStringLiteral("module %1: unknown operation type %2, nothing done")
+                .arg(moduleIndex)
+                .arg(type));
+    QMap<QByteArray, QList<int>> paths = Wire::wirePaths(folders);
+    for (QList<int> &slotList : paths)
+        slotList.last() = int(errorKind::nocause);
+    m_channel.send(Wire::finishedCall(false, Wire::wireFromPaths(paths), moduleIndex));
 }
 
 bool HelperTool::stopped(int moduleIndex, quint64 sequence)

@@ -1,8 +1,5 @@
 #include "cleaner/clean/CleanProtocols.h"
 
-#include "cleaner/core/FolderInfo.h"
-#include "cleaner/core/Services.h"
-
 #include <QHash>
 #include <limits>
 
@@ -185,25 +182,6 @@ std::optional<Call> parseCall(const QCborValue &message, QString *why)
     return c;
 }
 
-QCborMap foldersToWire(const PathMap &folders)
-{
-    QCborMap wire;
-    for (auto it = folders.begin(); it != folders.end(); ++it)
-        wire.insert(QCborValue(Services::handleBytes(it.key())), wireSlots(it.value()));
-    return wire;
-}
-
-PathMap foldersFromWire(const QCborMap &wire)
-{
-    PathMap folders;
-    for (auto it = wire.begin(); it != wire.end(); ++it) {
-        const QString key =
-            FolderInfo::absoluteString(FolderInfo::urlFromPath(it.key().toByteArray()));
-        folders.insert(key, slotsOf(it.value()));
-    }
-    return folders;
-}
-
 QMap<QByteArray, QList<int>> wirePaths(const QCborMap &wire)
 {
     QMap<QByteArray, QList<int>> paths;
@@ -259,23 +237,6 @@ QCborMap processedCall(const QByteArray &path, qint64 size, int moduleIndex)
 QCborMap finishedCall(bool result, const QCborMap &folders, int moduleIndex)
 {
     return call(finished, {result, folders, moduleIndex});
-}
-
-bool deliverReport(const Call &c, DeleteFilesProgressProtocol &receiver)
-{
-    const int module = int(c.args.last().toInteger());
-    if (c.selector == QLatin1String(installFail)) {
-        receiver.installFail(c.args.at(0).toString(), module);
-    } else if (c.selector == QLatin1String(processed)) {
-        const QByteArray path = c.args.at(0).toByteArray();
-        receiver.processed(FolderInfo::absoluteString(FolderInfo::urlFromPath(path)),
-                           c.args.at(1).toInteger(), module);
-    } else if (c.selector == QLatin1String(finished)) {
-        receiver.finished(c.args.at(0).toBool(), foldersFromWire(c.args.at(1).toMap()), module);
-    } else {
-        return false;
-    }
-    return true;
 }
 
 bool dispatch(const Call &c, XPCServiceProtocol &server, const Send &send)

@@ -126,10 +126,7 @@ std::optional<Call> parseCall(const QCborValue &message, QString *why);
 std::optional<QList<Arg>> signature(const QString &selector);
 
 // Path maps travel with raw path bytes as keys, so a name that is not UTF-8
-// keeps every byte; the receiving side turns them back into absoluteStrings.
-QCborMap foldersToWire(const PathMap &folders);
-PathMap foldersFromWire(const QCborMap &wire);
-// The same for a helper, which works on the bytes themselves.
+// keeps every byte. The helper works on the bytes themselves.
 QMap<QByteArray, QList<int>> wirePaths(const QCborMap &wire);
 QCborMap wireFromPaths(const QMap<QByteArray, QList<int>> &paths);
 
@@ -142,12 +139,18 @@ IdentityMap wireIdentities(const QCborMap &wire);
 QCborMap installFailCall(const QString &error, int moduleIndex);
 QCborMap processedCall(const QByteArray &path, qint64 size, int moduleIndex);
 QCborMap finishedCall(bool result, const QCborMap &folders, int moduleIndex);
-// Delivers a report call to a receiver; false when the call is not a report.
-bool deliverReport(const Call &call, DeleteFilesProgressProtocol &receiver);
 
 // Runs a checked call on a server; `send` carries the answer of a call with
 // a reply. False when the selector is not one of the server's.
 using Send = std::function<void(const QCborMap &)>;
 bool dispatch(const Call &call, XPCServiceProtocol &server, const Send &send);
 bool dispatch(const Call &call, HelperProtocol &server, const Send &send);
+
+// The application's side: path maps keyed by absoluteString. These turn raw
+// path bytes into node URLs, so they live with the file tree (WireUrls.cpp in
+// the core library) and not in the protocol code the helper links.
+QCborMap foldersToWire(const PathMap &folders);
+PathMap foldersFromWire(const QCborMap &wire);
+// Delivers a report call to a receiver; false when the call is not a report.
+bool deliverReport(const Call &call, DeleteFilesProgressProtocol &receiver);
 } // namespace Wire

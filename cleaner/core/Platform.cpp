@@ -223,11 +223,16 @@ QString Platform::languageResourcesPath()
 
 bool Platform::isLanguageContainer(const QString &name)
 {
+    const QStringList trees = languageContainers();
+    return trees.isEmpty() || trees.contains(name);
+}
+
+QStringList Platform::languageContainers()
+{
     if (isMacOS())
-        return true;
-    static const QStringList trees = {QStringLiteral("locale"), QStringLiteral("locale-langpack"),
-                                      QStringLiteral("help"), QStringLiteral("man")};
-    return trees.contains(name);
+        return {};
+    return {QStringLiteral("locale"), QStringLiteral("locale-langpack"), QStringLiteral("help"),
+            QStringLiteral("man")};
 }
 
 bool Platform::languageFoldersNested()

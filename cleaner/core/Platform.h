@@ -60,6 +60,8 @@ public:
     // Whether an entry of that folder can hold language folders (on Linux only
     // the gettext, help and manual trees do).
     static bool isLanguageContainer(const QString &name);
+    // The entries that can, by name; empty when every entry can (macOS).
+    static QStringList languageContainers();
     // Whether language folders are looked for at any depth (macOS bundles) or
     // only at the top of a locale tree (Linux, where a bare "it" or "co" deeper
     // down is just a folder).

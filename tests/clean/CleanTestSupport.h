@@ -65,8 +65,10 @@ class Peer {
 public:
     // `ownSession`: the program runs without our terminal, as a desktop
     // program does.
-    explicit Peer(const QString &program, const QStringList &args = {}, bool ownSession = false)
+    explicit Peer(const QString &program, const QStringList &args = {}, bool ownSession = false,
+                  const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
     {
+        process.setProcessEnvironment(environment);
         if (ownSession)
             process.setChildProcessModifier([] { ::setsid(); });
         process.start(program, args);
@@ -123,6 +125,48 @@ private:
     QList<QCborMap> queue;
     QString m_errors;
 };
+
+// A helper operation whose folders, type, module and identities are given.
+inline QCborMap operationCall(const QCborValue &folders, qint64 type, qint64 module = 0,
+                              const IdentityMap &identities = {})
+{
+    return Wire::call(Wire::helperOperation, {folders, QCborValue(QCborValue::Null), type, module,
+                                              Wire::identitiesToWire(identities)});
+}
+
+// What a scan would record of the item at a path now.
+inline ItemIdentity identityNow(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0 ? ItemIdentity::fromStat(st) : ItemIdentity();
+}
+
+// A removal of module 3 for these paths, each with what is there now as its
+// scan record.
+inline QCborMap deleteCall(const QList<QByteArray> &paths,
+                           qint64 type = qint64(operationType::delete_))
+{
+    QMap<QByteArray, QList<int>> folders;
+    IdentityMap identities;
+    int finder = 0;
+    for (const QByteArray &p : paths) {
+        folders.insert(p, {0, finder++, 0});
+        if (identityNow(p).isKnown())
+            identities.insert(p, identityNow(p));
+    }
+    return operationCall(Wire::wireFromPaths(folders), type, 3, identities);
+}
+
+// The status slots of a finished report, by path.
+inline QMap<QByteArray, int> statuses(const QCborMap &report)
+{
+    QMap<QByteArray, int> out;
+    const auto paths =
+        Wire::wirePaths(report.value(QStringLiteral("args")).toArray().at(1).toMap());
+    for (auto it = paths.begin(); it != paths.end(); ++it)
+        out.insert(it.key(), it.value().last());
+    return out;
+}
 
 // The reports of one clean, as a screen would receive them.
 struct CleanRun {
@@ -255,7 +299,7 @@ inline bool existsOnDisk(const QByteArray &path)
 // selection, and the checks that after a clean exactly the selection is gone.
 class RandomClean {
 public:
-    explicit RandomClean(quint32 seed) : rng(seed) {}
+    RandomClean(quint32 seed, TreeBuilder::Place place) : rng(seed), tree(place) {}
     // Names of raw bytes are beyond the tree builder's own unlocking.
     ~RandomClean() { QProcess::execute(QStringLiteral("chmod"), {"-R", "u+w", tree.root()}); }
 
@@ -274,7 +318,9 @@ private:
     static void round(quint32 seed, bool lockSome)
     {
         TestEnvironment env;
-        RandomClean random(seed);
+        // What goes to the helper must lie where it may act: the real home.
+        RandomClean random(seed,
+                           lockSome ? TreeBuilder::Place::RealHome : TreeBuilder::Place::Temporary);
         random.build(env, lockSome);
         random.select();
         CleanRun run;

@@ -73,7 +73,7 @@ private slots:
         useHelper(launcher,
                   helperPresent ? helperProgram : QStringLiteral("/nonexistent/brenlow-helper"));
         TestEnvironment env;
-        TreeBuilder tree;
+        TreeBuilder tree(TreeBuilder::Place::RealHome);
         loadSelected(env, tree,
                      {{QStringLiteral("a")},
                       {QStringLiteral("b"), QStringLiteral("gone1")},
@@ -119,7 +119,7 @@ private slots:
     void stopAfterAHelperRequest()
     {
         TestEnvironment env;
-        TreeBuilder tree;
+        TreeBuilder tree(TreeBuilder::Place::RealHome);
         loadSelected(env, tree,
                      {{QStringLiteral("gone")}, {QStringLiteral("a")}, {QStringLiteral("b")}});
         QFile::remove(tree.path(QStringLiteral("c0/gone")));
@@ -161,7 +161,7 @@ private slots:
     {
         QFETCH(bool, swapItem);
         TestEnvironment env;
-        TreeBuilder tree;
+        TreeBuilder tree(TreeBuilder::Place::RealHome);
         TreeBuilder outside;
         loadSelected(env, tree, {{QStringLiteral("a"), QStringLiteral("b")}});
         outside.file(QStringLiteral("a/inner"), 11);

@@ -7,11 +7,23 @@
 #include <QFile>
 #include <QFileInfo>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-TreeBuilder::TreeBuilder() : m_dir(std::make_unique<QTemporaryDir>())
+TreeBuilder::TreeBuilder() : TreeBuilder(Place::Temporary) {}
+
+TreeBuilder::TreeBuilder(Place place)
 {
+    if (place == Place::RealHome) {
+        m_container = realHome() + QStringLiteral("/.cache/brenlow-tests");
+        QDir().mkpath(m_container);
+        m_dir = std::make_unique<QTemporaryDir>(m_container + QStringLiteral("/XXXXXX"));
+    } else {
+        m_dir = std::make_unique<QTemporaryDir>();
+    }
+    if (!m_dir->isValid())
+        qFatal("cannot create a tree: %s", qPrintable(m_dir->errorString()));
     m_root = m_dir->path();
 }
 
@@ -22,6 +34,16 @@ TreeBuilder::~TreeBuilder()
         makeRemovable(m_root);
         FileRemoval::removeItem(QFile::encodeName(m_root));
     }
+    if (!m_container.isEmpty())
+        ::rmdir(QFile::encodeName(m_container).constData()); // fails while other trees live
+}
+
+QString TreeBuilder::realHome()
+{
+    const passwd *pw = getpwuid(getuid());
+    if (!pw || !pw->pw_dir)
+        qFatal("the user running the tests has no entry in the password database");
+    return QFile::decodeName(pw->pw_dir);
 }
 
 TreeBuilder::TreeBuilder(const QString &existingRoot) : m_root(existingRoot)

@@ -9,7 +9,14 @@
 // symbolic links, modes, and names of raw bytes.
 class TreeBuilder {
 public:
+    // A temporary folder, or one below the real home of the user running the
+    // test (~/.cache/brenlow-tests/XXXXXX, the home from the password
+    // database, not $HOME): the privileged helper removes only inside the
+    // home of the user who started it.
+    enum class Place { Temporary, RealHome };
+
     TreeBuilder();
+    explicit TreeBuilder(Place place);
     explicit TreeBuilder(const QString &existingRoot);
     ~TreeBuilder();
 
@@ -30,8 +37,11 @@ public:
     void openToAll();
     // Restores write and execute rights below the root so the tree can go.
     static void makeRemovable(const QString &root);
+    // The home of the user running this process, from the password database.
+    static QString realHome();
 
 private:
     std::unique_ptr<QTemporaryDir> m_dir;
     QString m_root;
+    QString m_container; // removed when the last tree in it goes
 };
