@@ -1,4 +1,5 @@
 #include "TestPaths.h"
+#include "status/StatusTestSupport.h"
 #include "support/TestEnvironment.h"
 
 #include <QDir>
@@ -30,22 +31,6 @@ Run cli(const QStringList &args,
                p.readAllStandardOutput(), p.readAllStandardError()};
 }
 
-QByteArray tool(const QString &commandLine)
-{
-    QProcess p;
-    p.start("sh", {"-c", commandLine});
-    p.waitForFinished(30000);
-    return p.readAllStandardOutput().simplified();
-}
-
-void writeText(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(text);
-}
-
 } // namespace
 
 // brenlow-cli status as a user runs it, on this machine and on a machine
@@ -60,14 +45,15 @@ private slots:
         QCOMPARE(run.exitCode, 0);
         const QJsonObject o = QJsonDocument::fromJson(run.out).object();
         QVERIFY2(!o.isEmpty(), run.out.constData());
-        QCOMPARE(o["cpu"]["cores"].toInt(), tool("nproc --all").toInt());
+        QCOMPARE(o["cpu"]["cores"].toInt(), toolOutput("nproc --all").trimmed().toInt());
         const double used = o["cpu"]["used"].toDouble();
         QVERIFY(used > 0 && used <= 100);
         QCOMPARE(o["cpu"]["available"].toDouble(), 100 - used);
-        const qint64 total = tool("free -b | sed -n 2p").split(' ').value(1).toLongLong();
+        const qint64 total =
+            toolOutput("free -b | sed -n 2p").simplified().split(' ').value(1).toLongLong();
         QCOMPARE(o["memory"]["total"].toDouble(), double(total) / 1073741824);
         QCOMPARE(o["disk"]["capacity"].toInteger(),
-                 tool("df -B1 --output=size / | tail -1").toLongLong());
+                 toolOutput("df -B1 --output=size / | tail -1").trimmed().toLongLong());
         QVERIFY(o["network"]["upload"].toInteger() >= 0 &&
                 o["network"]["download"].toInteger() >= 0);
         QVERIFY(o.contains("battery"));

@@ -1,15 +1,8 @@
 #include "ShippedWindow.h"
 #include "cleaner/shell/KestalAutoCleanupTopOverViewController.h"
+#include "status/StatusTestSupport.h"
 
 namespace {
-
-void writeText(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(text);
-}
 
 QByteArray netDev(qint64 in, qint64 out)
 {
