@@ -58,8 +58,13 @@ void KestalGraphView::paintEvent(QPaintEvent *)
     titleFont.setPointSizeF(titleFont.pointSizeF() * 1.15);
     p.setFont(titleFont);
     p.setPen(palette().color(QPalette::WindowText));
-    const int titleHeight = QFontMetrics(titleFont).height();
-    p.drawText(QRect(area.left(), area.top(), area.width(), titleHeight), Qt::AlignLeft, m_title);
+    // A long title ("No Battery Service Found") wraps rather than being cut.
+    const int titleHeight =
+        QFontMetrics(titleFont)
+            .boundingRect(QRect(0, 0, area.width(), area.height()), Qt::TextWordWrap, m_title)
+            .height();
+    p.drawText(QRect(area.left(), area.top(), area.width(), titleHeight),
+               Qt::AlignLeft | Qt::TextWordWrap, m_title);
 
     // The bar: the segments in order, the rest empty.
     int y = area.top() + titleHeight + 6;
