@@ -2,6 +2,8 @@
 # passes every test. Both install what is missing first.
 BUILD ?= build
 CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+# Further cache settings (CI: -DBRENLOW_WERROR=ON); given, they configure again.
+CMAKE_EXTRA ?=
 JOBS ?= $(shell nproc)
 
 .PHONY: bootstrap configure build run test bench format clean
@@ -10,7 +12,7 @@ bootstrap:
 	@bash scripts/bootstrap
 
 configure: bootstrap
-	@test -f $(BUILD)/build.ninja || cmake -S . -B $(BUILD) $(CMAKE_FLAGS)
+	@test -f $(BUILD)/build.ninja -a -z "$(CMAKE_EXTRA)" || cmake -S . -B $(BUILD) $(CMAKE_FLAGS) $(CMAKE_EXTRA)
 
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)

@@ -1,6 +1,7 @@
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cli/CliCommands.h"
@@ -113,8 +114,9 @@ bool CliCommands::applySelection(const CleanOptions &o, const QList<int> &module
 
 bool CliCommands::confirmed(int number, double size)
 {
-    std::fprintf(stderr, "%d items, %s\n%s [y/N] ", number,
-                 sizeText(qint64(size)).toLocal8Bit().constData(),
+    // The same figures, in the same words, as the window's confirmation.
+    std::fprintf(stderr, "%s\n%s [y/N] ",
+                 ByteCount::removalSummary(number, qint64(size)).toLocal8Bit().constData(),
                  getLocalizedString(QStringLiteral("Are you sure to delete selected files?"))
                      .toLocal8Bit()
                      .constData());

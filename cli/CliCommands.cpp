@@ -1,6 +1,7 @@
 #include "cli/CliCommands.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
@@ -8,7 +9,6 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLocale>
 #include <QTextStream>
 #include <cstdio>
 
@@ -25,7 +25,7 @@ void CliCommands::printJson(const QJsonDocument &document)
 
 QString CliCommands::sizeText(qint64 bytes)
 {
-    return QLocale::system().formattedDataSize(bytes);
+    return ByteCount::string(bytes);
 }
 
 int CliCommands::usage(const QString &reason)

@@ -1,8 +1,8 @@
 #include "cli/ProgressBar.h"
 
+#include "cleaner/core/ByteCount.h"
 #include "cli/TerminalText.h"
 
-#include <QLocale>
 #include <cstdio>
 #include <unistd.h>
 
@@ -28,7 +28,7 @@ void ProgressBar::update(double fraction, qint64 bytes, const QString &path)
     const QString line = QStringLiteral("\r[%1] %2% %3  %4")
                              .arg(bar)
                              .arg(int(fraction * 100), 3)
-                             .arg(QLocale::system().formattedDataSize(bytes), 10)
+                             .arg(ByteCount::string(bytes), 10)
                              .arg(shown, -40);
     std::fputs(line.toLocal8Bit().constData(), stderr);
     std::fflush(stderr);

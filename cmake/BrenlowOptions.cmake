@@ -9,6 +9,12 @@ target_compile_definitions(brenlow_options INTERFACE
   QT_NO_URL_CAST_FROM_STRING
   QT_NO_FOREACH)
 
+# CI builds with warnings as errors; a developer's build only shows them.
+option(BRENLOW_WERROR "Treat compiler warnings as errors" OFF)
+if(BRENLOW_WERROR)
+  target_compile_options(brenlow_options INTERFACE -Werror)
+endif()
+
 option(BRENLOW_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 if(BRENLOW_SANITIZE)
   target_compile_options(brenlow_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)

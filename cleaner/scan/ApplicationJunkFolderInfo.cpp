@@ -309,10 +309,12 @@ ApplicationJunkFolderInfo::getMailInfoList(const QString &url, const Progress &p
         }
         const float share = groupShare / float(accounts.size());
         for (const MailAccount &account : accounts) {
-            postProgress(progress,
-                         getLocalizedString(QStringLiteral("Scanning Mail Attachments From")) +
-                             QLatin1Char(' ') + account.label,
-                         0);
+            // Linux mail clients keep cached messages here, not attachments.
+            const QString scanning =
+                Platform::isMacOS()
+                    ? getLocalizedString(QStringLiteral("Scanning Mail Attachments From"))
+                    : getLocalizedString(QStringLiteral("Scanning Cached Mail From"));
+            postProgress(progress, scanning + QLatin1Char(' ') + account.label, 0);
             if (!QFileInfo::exists(account.folder)) {
                 postPercent(showPercent, share);
                 continue;

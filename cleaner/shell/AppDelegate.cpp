@@ -1,5 +1,6 @@
 #include "cleaner/shell/AppDelegate.h"
 
+#include "cleaner/core/HelpPages.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/SettingInfo.h"
 #include "cleaner/core/SwitchLanguageService.h"
@@ -24,6 +25,8 @@
 #include <QMouseEvent>
 #include <QTextStream>
 #include <QTimer>
+#include <QWindow>
+#include <utility>
 
 namespace {
 
@@ -120,19 +123,20 @@ bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
     return true;
 }
 
-QString AppDelegate::installationPage()
+QUrl AppDelegate::installationPage()
 {
     const QStringList preferred = Platform::preferredLanguages();
     const QString first = preferred.isEmpty() ? QString() : preferred.first();
+    QString language = QStringLiteral("en");
     for (const char *prefix : {"ja", "es", "fr", "de", "zh"}) {
         if (!first.startsWith(QLatin1String(prefix)))
             continue;
-        const QString variant = SettingInfo::valueOf(
-            QStringLiteral("install_link_") + SwitchLanguageService::mapSystemLanguage(first));
+        language = SwitchLanguageService::mapSystemLanguage(first);
+        const QString variant = SettingInfo::valueOf(QStringLiteral("install_link_") + language);
         if (!variant.isEmpty())
-            return variant;
+            return HelpPages::pageURL(variant, language);
     }
-    return SettingInfo::valueOf(QStringLiteral("install_link"));
+    return HelpPages::linkURL(QStringLiteral("install_link"), language);
 }
 
 void AppDelegate::checkFirstTimeLaunch()
@@ -141,9 +145,9 @@ void AppDelegate::checkFirstTimeLaunch()
         return;
     UserDefaults::setValue(hasLaunchedOnceKey, true);
     UserDefaults::synchronize();
-    const QString page = installationPage();
-    if (!page.isEmpty() && Workspace::openURL(QUrl(page)))
-        QTextStream(stdout) << "successfully opened" << Qt::endl;
+    // The page opens once the main window is on screen, so that it never
+    // stands in front of a program that has not appeared yet.
+    m_welcomePage = installationPage();
     FabricController::logEvent(QStringLiteral("First Launch"),
                                {{QStringLiteral("model"), FabricController::model()}});
     if (!SettingInfo::valueOf(QStringLiteral("sendEmail_link")).isEmpty())
@@ -222,7 +226,7 @@ void AppDelegate::changeLanguage()
     for (auto it = m_linkItems.begin(); it != m_linkItems.end(); ++it) {
         it.value()->setText(linkTitle(it.key()));
         // An edition without the page has no entry for it.
-        it.value()->setVisible(!SettingInfo::valueOf(it.key()).isEmpty());
+        it.value()->setVisible(!HelpPages::linkURL(it.key(), current).isEmpty());
     }
     m_newsletterItem->setText(getLocalizedString(QStringLiteral("Subscribe to News…")));
     m_newsletterItem->setVisible(!SettingInfo::valueOf(QStringLiteral("sendEmail_link")).isEmpty());
@@ -243,7 +247,35 @@ void AppDelegate::languageAction(QAction *sender)
 
 void AppDelegate::openSettingLink(const QString &key)
 {
-    Workspace::openURL(QUrl(SettingInfo::valueOf(key)));
+    Workspace::openURL(HelpPages::linkURL(key, SwitchLanguageService::getCurrentLanguage()));
+}
+
+void AppDelegate::openWelcomePageWhenShown()
+{
+    if (m_welcomePage.isEmpty() || !m_mainWindow || !m_mainWindow->windowHandle())
+        return;
+    if (m_mainWindow->windowHandle()->isExposed())
+        QTimer::singleShot(0, this, &AppDelegate::openWelcomePage);
+    else
+        m_mainWindow->windowHandle()->installEventFilter(this);
+}
+
+void AppDelegate::openWelcomePage()
+{
+    const QUrl page = std::exchange(m_welcomePage, QUrl());
+    if (!page.isEmpty() && Workspace::openURL(page))
+        QTextStream(stdout) << "successfully opened" << Qt::endl;
+}
+
+bool AppDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *window = qobject_cast<QWindow *>(watched);
+    if (event->type() == QEvent::Expose && window && window->isExposed()) {
+        window->removeEventFilter(this);
+        // After the window's own handling of the event: it is drawn first.
+        QTimer::singleShot(0, this, &AppDelegate::openWelcomePage);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void AppDelegate::togglePopover()
@@ -271,6 +303,7 @@ QMainWindow *AppDelegate::showNewMainWindow()
     for (QMenu *menu : menus())
         m_mainWindow->menuBar()->addMenu(menu);
     m_mainWindow->show();
+    openWelcomePageWhenShown();
     return m_mainWindow;
 }
 

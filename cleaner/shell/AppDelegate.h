@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
+#include <QUrl>
 #include <memory>
 
 class EventMonitor;
@@ -52,12 +53,18 @@ public:
     // The setting keys of the link entries, in menu order.
     static const QStringList linkKeys;
     // The installation page for the system's first preferred language.
-    static QString installationPage();
+    static QUrl installationPage();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildMenus();
     QMainWindow *showNewMainWindow();
     void copySystemFonts();
+    // Opens the first launch's page once the main window has appeared.
+    void openWelcomePageWhenShown();
+    void openWelcomePage();
 
     QPointer<QMainWindow> m_mainWindow;
     std::unique_ptr<QMenu> m_dockMenu;
@@ -73,4 +80,5 @@ private:
     QAction *m_quitItem = nullptr;
     std::unique_ptr<EventMonitor> m_eventMonitor;
     std::unique_ptr<KestalStatusItem> m_statusItem;
+    QUrl m_welcomePage;
 };

@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/shell/ElidedLabel.h"
 #include "cleaner/shell/KestalTopDetailLeftTableView.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 #include "cleaner/shell/UIInfo.h"
@@ -122,7 +123,7 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     m_rightTitle = new QLabel(this);
     UIUtil::setTextAttribute(m_rightTitle,
                              UIInfo::nsMyUI(QStringLiteral("detail_list_title_font")));
-    m_rightDesc = new QLabel(this);
+    m_rightDesc = new ElidedLabel(this);
     m_rightDesc->setTextInteractionFlags(Qt::TextSelectableByMouse);
     UIUtil::setTextAttribute(m_rightDesc, UIInfo::nsMyUI(QStringLiteral("detail_list_size_font")));
     m_allDetail = new QCheckBox(this);
@@ -332,11 +333,11 @@ void KestalDetailViewController::updateRightTopDescInfo()
     const FolderInfoPtr file = m_files->fileAt(current);
     if (!file) {
         m_rightTitle->setText(getLocalizedString(QStringLiteral("Empty")));
-        m_rightDesc->clear();
+        m_rightDesc->setFullText(QString());
         return;
     }
     m_rightTitle->setText(file->name);
-    m_rightDesc->setText(file->url.toLocalFile());
+    m_rightDesc->setFullText(file->url.toLocalFile());
 }
 
 void KestalDetailViewController::showContextMenu(const QPoint &at)

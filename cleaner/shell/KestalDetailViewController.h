@@ -4,6 +4,7 @@
 #include "cleaner/core/ModuleTypes.h"
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class ElidedLabel;
 class KestalTopDetailLeftTableView;
 class KestalTopDetailRigthOutlineView;
 class QCheckBox;
@@ -87,7 +88,7 @@ private:
     KestalTopDetailLeftTableView *m_categories;
     KestalTopDetailRigthOutlineView *m_files;
     QLabel *m_rightTitle;
-    QLabel *m_rightDesc;
+    ElidedLabel *m_rightDesc;
     QCheckBox *m_allDetail;
     QPushButton *m_back;
 };

@@ -19,8 +19,30 @@ constexpr int moduleRowHeight = 38;
 constexpr int headerRowHeight = 32;
 constexpr int iconSide = 24;
 constexpr int sideMargin = 12;
+// The row's inset from the list's edges and the gap between title and status.
+constexpr int rowInset = 8;
+constexpr int statusGap = 8;
+constexpr int scrollBarWidth = 8;
+constexpr int minimumListWidth = 264;
 
 enum Role { ModuleRole = Qt::UserRole + 1, HeaderRole, DetailRole };
+
+QFont titleFont(bool selected)
+{
+    return UIInfo::nsFont(selected ? QStringLiteral("left_list_selected_font")
+                                   : QStringLiteral("left_list_title_font"));
+}
+
+// Where a module row's title goes in a row's rectangle, with this status at its right.
+QRect titleRectIn(const QRect &row, const QString &detail)
+{
+    QRect rect = row.adjusted(rowInset + sideMargin + iconSide + 12, 0, -rowInset - sideMargin, 0);
+    if (!detail.isEmpty())
+        rect.setRight(rect.right() - statusGap -
+                      QFontMetrics(UIInfo::nsFont(QStringLiteral("left_list_detail_font")))
+                          .horizontalAdvance(detail));
+    return rect;
+}
 
 // Paints the rows: a module with its image, title and a short status on the
 // right; a heading in small capitals.
@@ -39,7 +61,7 @@ public:
     {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        const QRect rect = option.rect.adjusted(8, 2, -8, -2);
+        const QRect rect = option.rect.adjusted(rowInset, 2, -rowInset, -2);
         if (index.data(HeaderRole).toBool()) {
             QFont font = UIInfo::nsFont(QStringLiteral("left_list_header_font"));
             font.setCapitalization(QFont::AllUppercase);
@@ -67,21 +89,18 @@ public:
                                                          QSize(iconSide, iconSide), dpr));
 
         const QString detail = index.data(DetailRole).toString();
-        QRect textRect = rect.adjusted(sideMargin + iconSide + 12, 0, -sideMargin, 0);
         if (!detail.isEmpty()) {
-            const QFont detailFont = UIInfo::nsFont(QStringLiteral("left_list_detail_font"));
-            const int width = QFontMetrics(detailFont).horizontalAdvance(detail);
-            painter->setFont(detailFont);
+            painter->setFont(UIInfo::nsFont(QStringLiteral("left_list_detail_font")));
             painter->setPen(UIInfo::nsColor(selected ? QStringLiteral("left_list_selected_font")
                                                      : QStringLiteral("left_list_detail_font")));
-            painter->drawText(textRect, Qt::AlignRight | Qt::AlignVCenter, detail);
-            textRect.setRight(textRect.right() - width - 8);
+            painter->drawText(titleRectIn(option.rect, QString()).adjusted(0, 2, 0, -2),
+                              Qt::AlignRight | Qt::AlignVCenter, detail);
         }
-        const QString style = selected ? QStringLiteral("left_list_selected_font")
-                                       : QStringLiteral("left_list_title_font");
-        const QFont font = UIInfo::nsFont(style);
+        const QRect textRect = titleRectIn(option.rect, detail).adjusted(0, 2, 0, -2);
+        const QFont font = titleFont(selected);
         painter->setFont(font);
-        painter->setPen(UIInfo::nsColor(style));
+        painter->setPen(UIInfo::nsColor(selected ? QStringLiteral("left_list_selected_font")
+                                                 : QStringLiteral("left_list_title_font")));
         painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter,
                           QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight,
                                                         textRect.width()));
@@ -181,6 +200,50 @@ void KestalLeftTableViewController::reloadTexts()
     const QList<Module> &modules = AppModuleService::appModules();
     for (int row = 0; row < count(); ++row)
         item(row)->setText(getLocalizedString(modules.at(m_rows.at(row)).title));
+    // The titles of another language may need another width.
+    updateGeometry();
+}
+
+QString KestalLeftTableViewController::widestDetail()
+{
+    QString widest;
+    int width = 0;
+    const QFontMetrics metrics(UIInfo::nsFont(QStringLiteral("left_list_detail_font")));
+    // A percent while scanning, a size after it: the widest of each kind.
+    for (const QString &detail :
+         {QStringLiteral("100%"), KestalSuperViewController::byteString(999),
+          KestalSuperViewController::byteString(Q_INT64_C(999'900'000'000'000))}) {
+        if (metrics.horizontalAdvance(detail) > width) {
+            width = metrics.horizontalAdvance(detail);
+            widest = detail;
+        }
+    }
+    return widest;
+}
+
+QRect KestalLeftTableViewController::titleRect(int row, const QString &detail) const
+{
+    const QListWidgetItem *it = item(row);
+    return it ? titleRectIn(visualItemRect(it), detail) : QRect();
+}
+
+QSize KestalLeftTableViewController::sizeHint() const
+{
+    // Every title fits beside the widest status, in the selected row's font too.
+    const QString detail = widestDetail();
+    int needed = 0;
+    for (int row = 0; row < count(); ++row) {
+        if (isHeaderRow(row))
+            continue;
+        const QString title = item(row)->text();
+        const int text = qMax(QFontMetrics(titleFont(false)).horizontalAdvance(title),
+                              QFontMetrics(titleFont(true)).horizontalAdvance(title));
+        needed = qMax(needed, text);
+    }
+    const int spare =
+        minimumListWidth - titleRectIn(QRect(0, 0, minimumListWidth, 1), detail).width();
+    return {qMax(minimumListWidth, needed + spare + scrollBarWidth + frameWidth() * 2),
+            QListWidget::sizeHint().height()};
 }
 
 void KestalLeftTableViewController::onSelectionChanged()

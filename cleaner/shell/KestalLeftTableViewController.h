@@ -24,6 +24,12 @@ public:
     QString detailOfModule(int moduleIndex) const;
     // Sets every row's text again in the interface language.
     void reloadTexts();
+    // Where a row's title is drawn when this status stands at its right.
+    QRect titleRect(int row, const QString &detail) const;
+    // The widest status a row can show in the interface language.
+    static QString widestDetail();
+    // Wide enough for every title beside the widest status.
+    QSize sizeHint() const override;
 
 signals:
     void moduleSelected(int moduleIndex);

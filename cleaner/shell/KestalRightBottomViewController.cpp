@@ -3,8 +3,10 @@
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
@@ -37,6 +39,19 @@ constexpr int helperNotAvailable = -2;
 constexpr int stopWaitMs = 1000;
 constexpr int autoCleanupModule = 0;
 
+// A bar's button is at least the bar's button size and otherwise as wide as
+// its text in the interface language: a fixed minimum width would let the
+// layout squeeze a longer title below its natural size.
+class BarButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+    QSize sizeHint() const override
+    {
+        return QPushButton::sizeHint().expandedTo(QSize(buttonWidth, buttonHeight));
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 // The screen's frame interval: reports that come faster are shown together.
 int frameIntervalMs()
 {
@@ -47,10 +62,9 @@ int frameIntervalMs()
 
 QPushButton *barButton(QWidget *parent, const QString &name)
 {
-    auto *button = new QPushButton(parent);
+    auto *button = new BarButton(parent);
     button->setObjectName(name);
-    button->setMinimumHeight(buttonHeight);
-    button->setMinimumWidth(buttonWidth);
+    button->setMinimumHeight(buttonHeight); // the rounded ends follow the height
     return button;
 }
 
@@ -429,11 +443,29 @@ void KestalRightBottomViewController::scanDoneNoEmptyCleanAction()
 
 bool KestalRightBottomViewController::checkModel(int moduleIndex, bool isAutoClean)
 {
-    Q_UNUSED(moduleIndex);
-    Q_UNUSED(isAutoClean);
+    // The same figures as the command line's confirmation: what the clean will take.
+    double size = 0;
+    qint64 number = 0;
+    const auto add = [&](int module) {
+        const auto [moduleSize, moduleNumber] =
+            AppModuleService::calculateModuleSizeAndNumber(module);
+        size += moduleSize;
+        number += moduleNumber;
+    };
+    if (isAutoClean) {
+        // Auto Cleanup cleans the modules whose box is on.
+        for (const Category &row : AppModuleService::categoriesOf(moduleIndex)) {
+            const int child = KestalAutoCleanupService::childModuleIndex(row.title);
+            if (row.state != 0 && child >= 0)
+                add(child);
+        }
+    } else {
+        add(moduleIndex);
+    }
     return UIUtil::dialogOKCancel(
         getLocalizedString(QStringLiteral("Confirmation")),
-        getLocalizedString(QStringLiteral("Are you sure to delete selected files?")));
+        getLocalizedString(QStringLiteral("Are you sure to delete selected files?")) +
+            QStringLiteral("\n") + ByteCount::removalSummary(number, qint64(size)));
 }
 
 void KestalRightBottomViewController::handleClean(int modelIndex)

@@ -2,6 +2,7 @@
 
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/shell/ElidedLabel.h"
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/KestalAutoCleanupTopOverViewController.h"
 #include "cleaner/shell/UIInfo.h"
@@ -73,9 +74,8 @@ KestalRightTopOverViewAndScanViewController::KestalRightTopOverViewAndScanViewCo
                        "QProgressBar::chunk { background: %2; border-radius: 4px; }")
             .arg(UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("progress_track_color"))),
                  UIUtil::cssColor(UIInfo::nsColor(QStringLiteral("progress_fill_color")))));
-    m_pathLabel = styledLabel(QStringLiteral("scanning_path_font"), m_scanning);
-    m_pathLabel->setWordWrap(false);
-    m_pathLabel->setMinimumWidth(1);
+    m_pathLabel = new ElidedLabel(m_scanning);
+    UIUtil::setTextAttribute(m_pathLabel, UIInfo::nsMyUI(QStringLiteral("scanning_path_font")));
     scanLayout->addWidget(m_progress);
     scanLayout->addWidget(m_pathLabel);
 
@@ -114,7 +114,7 @@ void KestalRightTopOverViewAndScanViewController::changeViewStatus(viewStatus st
     m_status = status;
     if (status == viewStatus::scanning) {
         m_percent = 0;
-        m_path.clear();
+        m_pathLabel->setFullText(QString());
         m_scanDescription.clear();
     }
     updateView();
@@ -134,22 +134,7 @@ void KestalRightTopOverViewAndScanViewController::updateDescription(const QStrin
 
 void KestalRightTopOverViewAndScanViewController::updatePath(const QString &path)
 {
-    if (path == m_path)
-        return;
-    m_path = path;
-    elidePath();
-}
-
-void KestalRightTopOverViewAndScanViewController::elidePath()
-{
-    m_pathLabel->setText(
-        m_pathLabel->fontMetrics().elidedText(m_path, Qt::ElideMiddle, m_pathLabel->width()));
-}
-
-void KestalRightTopOverViewAndScanViewController::resizeEvent(QResizeEvent *event)
-{
-    KestalSuperViewController::resizeEvent(event);
-    elidePath();
+    m_pathLabel->setFullText(path);
 }
 
 void KestalRightTopOverViewAndScanViewController::updateView()
@@ -169,5 +154,4 @@ void KestalRightTopOverViewAndScanViewController::updateView()
     m_features->setVisible(!scanning);
     m_scanning->setVisible(scanning);
     m_progress->setValue(int(m_percent * 10));
-    elidePath();
 }

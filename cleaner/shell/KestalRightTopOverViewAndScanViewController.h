@@ -2,6 +2,7 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+class ElidedLabel;
 class QLabel;
 class QProgressBar;
 class QVBoxLayout;
@@ -30,19 +31,15 @@ public:
 
 protected:
     void reloadTexts() override { updateView(); }
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     // Sets every widget from the state.
     void updateView();
-    // The path, cut in the middle to the label's width.
-    void elidePath();
 
     int m_moduleIndex;
     viewStatus m_status = viewStatus::overview;
     float m_percent = 0;
     QString m_scanDescription;
-    QString m_path;
 
     QLabel *m_image;
     QLabel *m_title;
@@ -51,5 +48,5 @@ private:
     QList<QLabel *> m_featureTexts;
     QWidget *m_scanning;
     QProgressBar *m_progress;
-    QLabel *m_pathLabel;
+    ElidedLabel *m_pathLabel;
 };

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int sidebarWidth = 264;
 constexpr int logoSide = 32;
 
 } // namespace
@@ -28,7 +27,8 @@ KestalRootViewController::KestalRootViewController(QWidget *parent)
 
     auto *sidebar = new QWidget(this);
     sidebar->setObjectName(QStringLiteral("sidebar"));
-    sidebar->setFixedWidth(sidebarWidth);
+    // As wide as the module list needs in the interface language.
+    sidebar->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     sidebar->setAttribute(Qt::WA_StyledBackground);
     sidebar->setStyleSheet(
         QStringLiteral("#sidebar { background: %1; }")
@@ -95,12 +95,18 @@ QMainWindow *KestalRootViewController::instantiateMainWindow()
     window->setObjectName(QStringLiteral("mainWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose, false);
     window->setWindowIcon(ImageStore::icon(QStringLiteral("Brenlow")));
-    window->setMinimumSize(940, 600);
+    // No fixed minimum: the window is never smaller than its texts need
+    // (the root's minimum size hint), in whatever language.
     window->resize(1080, 680);
     auto *root = new KestalRootViewController(window);
     window->setCentralWidget(root);
     window->setWindowTitle(getLocalizedString(QStringLiteral("Brenlow")));
     return window;
+}
+
+QSize KestalRootViewController::minimumSizeHint() const
+{
+    return KestalSuperViewController::minimumSizeHint().expandedTo(QSize(940, 560));
 }
 
 KestalRootViewController *KestalRootViewController::rootOf(QMainWindow *window)

@@ -22,6 +22,10 @@ public:
     static QMainWindow *instantiateMainWindow();
     static KestalRootViewController *rootOf(QMainWindow *window);
 
+    // What its screens need in the interface language, and never less than
+    // the size the screens are drawn for.
+    QSize minimumSizeHint() const override;
+
 protected:
     void reloadTexts() override;
 

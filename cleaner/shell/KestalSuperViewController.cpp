@@ -1,11 +1,11 @@
 #include "cleaner/shell/KestalSuperViewController.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 #include "cleaner/shell/LanguageNotifier.h"
 
-#include <QLocale>
 #include <optional>
 
 namespace {
@@ -135,8 +135,7 @@ void KestalSuperViewController::reset()
 
 QString KestalSuperViewController::byteString(qint64 size)
 {
-    const QLocale locale(SwitchLanguageService::getCurrentLanguage());
-    return locale.formattedDataSize(size, 1, QLocale::DataSizeSIFormat);
+    return ByteCount::string(size);
 }
 
 void KestalSuperViewController::showAlert(const QString &info, bool isWarnning)

@@ -7,6 +7,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 
 namespace {
 
@@ -55,7 +56,11 @@ bool Workspace::openURL(const QUrl &url)
         return false;
     if (opener())
         return opener()(url);
-    return QDesktopServices::openUrl(url);
+    if (QDesktopServices::openUrl(url))
+        return true;
+    // A session without the desktop's services (no platform support for
+    // them) still has the freedesktop opener.
+    return QProcess::startDetached(QStringLiteral("xdg-open"), {url.toString(QUrl::FullyEncoded)});
 }
 
 bool Workspace::selectFile(const QString &path)

@@ -9,6 +9,7 @@
 class Workspace {
 public:
     using Opener = std::function<bool(const QUrl &)>;
+    // Through the desktop's services, else the freedesktop opener xdg-open.
     static bool openURL(const QUrl &url);
     // Shows the item selected in the desktop's file manager (the freedesktop
     // FileManager1 interface on the session bus). Without one, or when the

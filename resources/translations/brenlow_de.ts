@@ -332,6 +332,26 @@
             <translation>Mailanhänge werden gescannt aus</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Zwischengespeicherte E-Mails werden gescannt aus</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 Byte</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 Bytes</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 Objekt</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>Wird entfernt: %1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>Fertig</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>Den gesamten Datenmüll mit einem Klick scannen und bereinigen</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>Findet Caches, Protokolle, Mailanhänge und Papierkorb auf einmal</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>Findet Caches, Protokolle, zwischengespeicherte E-Mails und Papierkorb auf einmal</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>Mail-Müll</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>Anhänge, die Ihr Mailprogramm bereits geladen hat</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>Nachrichten, von denen Ihr Mailprogramm Kopien aufbewahrt</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>Miniaturen und Vorschauen, die Ihre Foto-Programme neu erstellen</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>Bereits geladene Mailanhänge entfernen</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>Entfernen Sie die Nachrichtenkopien Ihres Mailprogramms</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>Die Nachrichten bleiben in Ihrem Postfach</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>Mailanhänge</translation>
+            <source>Cached Messages</source>
+            <translation>Zwischengespeicherte Nachrichten</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>Anhänge, die Ihr Mailprogramm zum Anzeigen geladen hat</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>Kopien von Nachrichten, die auf Ihrem Mailserver liegen</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>Verlauf, Cookies und andere Spuren entfernen</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome, Firefox und Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome und Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>Werkzeuge</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Findet Caches, Protokolle, Mailanhänge und Papierkorb auf einmal</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Anhänge, die Ihr Mailprogramm bereits geladen hat</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>Temporäre Dateien, die das System hinterlassen hat</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>Gesichter und Vorschauen, die die Fotomediathek neu erstellt</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Bereits geladene Mailanhänge entfernen</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Mailanhänge</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>Anhänge, die Mail zum Anzeigen geladen hat</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>Dateien, die iTunes zum schnelleren Arbeiten behält</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox und Safari</translation>
         </message>
     </context>
 </TS>

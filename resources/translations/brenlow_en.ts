@@ -332,6 +332,26 @@
             <translation>Scanning Mail Attachments From</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Scanning Cached Mail From</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 byte</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 bytes</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 item</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>To be removed: %1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>Done</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>Scan and clean all junk with one click</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>Finds caches, logs, mail attachments and trash at once</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>Finds caches, logs, cached mail and trash at once</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>Mail Trash</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>Attachments your mail client already downloaded</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>Messages your mail client keeps copies of</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>Thumbnails and previews that your photo tools make again</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>Remove mail attachments you already downloaded</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>Remove the copies of messages your mail client keeps</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>The messages stay in your mailbox</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>Mail Attachments</translation>
+            <source>Cached Messages</source>
+            <translation>Cached Messages</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>Attachments your mail client downloaded to show them</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>Copies of messages kept on your mail server</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>Remove browsing history, cookies and other traces</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome, Firefox and Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome and Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>Tools</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Finds caches, logs, mail attachments and trash at once</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Attachments your mail client already downloaded</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>Temporary files the system left behind</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>Faces and previews that the photo library makes again</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Remove mail attachments you already downloaded</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Mail Attachments</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>Attachments Mail downloaded to show them</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>Files iTunes keeps to work faster</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox and Safari</translation>
         </message>
     </context>
 </TS>

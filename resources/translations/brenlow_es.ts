@@ -332,6 +332,26 @@
             <translation>Analizando adjuntos de correo de</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Analizando el correo en caché de</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 byte</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 bytes</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 elemento</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>Se eliminará: %1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>Hecho</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>Analiza y limpia toda la basura con un clic</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>Encuentra cachés, registros, adjuntos y papelera a la vez</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>Encuentra a la vez cachés, registros, correo en caché y papelera</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>Basura del correo</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>Adjuntos que tu cliente de correo ya descargó</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>Mensajes de los que su cliente de correo guarda copias</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>Miniaturas y vistas previas que tus herramientas de fotos vuelven a crear</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>Elimina los adjuntos de correo ya descargados</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>Elimine las copias de mensajes que guarda su cliente de correo</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>Los mensajes se quedan en tu buzón</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>Adjuntos de correo</translation>
+            <source>Cached Messages</source>
+            <translation>Mensajes en caché</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>Adjuntos que tu cliente de correo descargó para mostrarlos</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>Copias de mensajes que están en su servidor de correo</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>Elimina el historial, las cookies y otros rastros</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome, Firefox y Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome y Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>Herramientas</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Encuentra cachés, registros, adjuntos y papelera a la vez</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Adjuntos que tu cliente de correo ya descargó</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>Archivos temporales que dejó el sistema</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>Caras y vistas previas que la fototeca vuelve a crear</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Elimina los adjuntos de correo ya descargados</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Adjuntos de correo</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>Adjuntos que Mail descargó para mostrarlos</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>Archivos que iTunes guarda para ir más rápido</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox y Safari</translation>
         </message>
     </context>
 </TS>

@@ -332,6 +332,26 @@
             <translation>Analyse des pièces jointes de</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>Analyse du courrier en cache de</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 octet</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 octets</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 élément</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>Sera supprimé : %1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>Terminé</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>Analysez et nettoyez tous les fichiers inutiles en un clic</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>Trouve caches, journaux, pièces jointes et corbeille en une fois</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>Trouve en une fois caches, journaux, courrier en cache et corbeille</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>Fichiers inutiles de Mail</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>Pièces jointes déjà téléchargées par votre messagerie</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>Messages dont votre client de courrier garde des copies</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>Vignettes et aperçus que vos outils photo recréent</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>Supprimez les pièces jointes déjà téléchargées</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>Supprimez les copies de messages que garde votre client de courrier</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>Les messages restent dans votre boîte aux lettres</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>Pièces jointes</translation>
+            <source>Cached Messages</source>
+            <translation>Messages en cache</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>Pièces jointes téléchargées par votre messagerie pour les afficher</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>Copies de messages conservés sur votre serveur de courrier</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>Supprimez l’historique, les cookies et autres traces</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome, Firefox et Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome et Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>Outils</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>Trouve caches, journaux, pièces jointes et corbeille en une fois</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>Pièces jointes déjà téléchargées par votre messagerie</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>Fichiers temporaires laissés par le système</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>Visages et aperçus que la photothèque recrée</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>Supprimez les pièces jointes déjà téléchargées</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>Pièces jointes</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>Pièces jointes téléchargées par Mail pour les afficher</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>Fichiers qu’iTunes garde pour aller plus vite</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome, Firefox et Safari</translation>
         </message>
     </context>
 </TS>

@@ -332,6 +332,26 @@
             <translation>メールの添付ファイルをスキャン中:</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>キャッシュされたメールをスキャン中：</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 バイト</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 バイト</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 項目</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>削除されるもの：%1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>完了</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>ワンクリックですべての不要ファイルをスキャンしてクリーンアップ</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>キャッシュ、ログ、メールの添付ファイル、ゴミ箱を一度に検出</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>キャッシュ、ログ、キャッシュされたメール、ゴミ箱をまとめて見つけます</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>メールのゴミ</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>メールクライアントがダウンロード済みの添付ファイル</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>メールアプリがコピーを保存しているメッセージ</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>写真ツールが再作成するサムネールとプレビュー</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>ダウンロード済みのメール添付ファイルを削除</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>メールアプリが保存しているメッセージのコピーを削除します</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>メッセージはメールボックスに残ります</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>メールの添付ファイル</translation>
+            <source>Cached Messages</source>
+            <translation>キャッシュされたメッセージ</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>表示のためにメールクライアントがダウンロードした添付ファイル</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>メールサーバーにあるメッセージのコピー</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>閲覧履歴、Cookie などの痕跡を削除</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome、Firefox、Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome と Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>ツール</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>キャッシュ、ログ、メールの添付ファイル、ゴミ箱を一度に検出</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>メールクライアントがダウンロード済みの添付ファイル</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>システムが残した一時ファイル</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>写真ライブラリが再作成する顔データとプレビュー</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>ダウンロード済みのメール添付ファイルを削除</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>メールの添付ファイル</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>表示のために Mail がダウンロードした添付ファイル</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>iTunes が高速化のために保存するファイル</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome、Firefox、Safari</translation>
         </message>
     </context>
 </TS>

@@ -332,6 +332,26 @@
             <translation>正在掃描郵件附件：</translation>
         </message>
         <message>
+            <source>Scanning Cached Mail From</source>
+            <translation>正在掃描快取郵件：</translation>
+        </message>
+        <message>
+            <source>1 byte</source>
+            <translation>1 位元組</translation>
+        </message>
+        <message>
+            <source>%1 bytes</source>
+            <translation>%1 位元組</translation>
+        </message>
+        <message>
+            <source>1 item</source>
+            <translation>1 個項目</translation>
+        </message>
+        <message>
+            <source>To be removed: %1</source>
+            <translation>將移除：%1</translation>
+        </message>
+        <message>
             <source>Done</source>
             <translation>完成</translation>
         </message>
@@ -352,8 +372,8 @@
             <translation>一鍵掃描並清理所有垃圾檔案</translation>
         </message>
         <message>
-            <source>Finds caches, logs, mail attachments and trash at once</source>
-            <translation>一次找出快取、記錄、郵件附件與垃圾桶</translation>
+            <source>Finds caches, logs, cached mail and trash at once</source>
+            <translation>一次找出快取、記錄、快取的郵件和垃圾桶</translation>
         </message>
         <message>
             <source>Cleans only what you leave selected</source>
@@ -380,8 +400,8 @@
             <translation>郵件垃圾</translation>
         </message>
         <message>
-            <source>Attachments your mail client already downloaded</source>
-            <translation>郵件用戶端已下載的附件</translation>
+            <source>Messages your mail client keeps copies of</source>
+            <translation>郵件程式保存副本的郵件</translation>
         </message>
         <message>
             <source>Trash Bin</source>
@@ -464,20 +484,20 @@
             <translation>照片工具會重新產生的縮圖與預覽</translation>
         </message>
         <message>
-            <source>Remove mail attachments you already downloaded</source>
-            <translation>移除已下載的郵件附件</translation>
+            <source>Remove the copies of messages your mail client keeps</source>
+            <translation>移除郵件程式保存的郵件副本</translation>
         </message>
         <message>
             <source>The messages stay in your mailbox</source>
             <translation>郵件仍會保留在信箱中</translation>
         </message>
         <message>
-            <source>Mail Attachments</source>
-            <translation>郵件附件</translation>
+            <source>Cached Messages</source>
+            <translation>快取的郵件</translation>
         </message>
         <message>
-            <source>Attachments your mail client downloaded to show them</source>
-            <translation>郵件用戶端為顯示而下載的附件</translation>
+            <source>Copies of messages kept on your mail server</source>
+            <translation>郵件伺服器上郵件的副本</translation>
         </message>
         <message>
             <source>Empty the Trash of this computer and of removable drives</source>
@@ -600,8 +620,8 @@
             <translation>移除瀏覽記錄、Cookie 與其他痕跡</translation>
         </message>
         <message>
-            <source>Chrome, Firefox and Safari</source>
-            <translation>Chrome、Firefox 與 Safari</translation>
+            <source>Chrome and Firefox</source>
+            <translation>Chrome 和 Firefox</translation>
         </message>
         <message>
             <source>Extensions</source>
@@ -624,6 +644,14 @@
             <translation>工具</translation>
         </message>
         <message>
+            <source>Finds caches, logs, mail attachments and trash at once</source>
+            <translation>一次找出快取、記錄、郵件附件與垃圾桶</translation>
+        </message>
+        <message>
+            <source>Attachments your mail client already downloaded</source>
+            <translation>郵件用戶端已下載的附件</translation>
+        </message>
+        <message>
             <source>Temporary files the system left behind</source>
             <translation>系統留下的暫存檔案</translation>
         </message>
@@ -644,6 +672,14 @@
             <translation>照片圖庫會重新產生的人臉與預覽</translation>
         </message>
         <message>
+            <source>Remove mail attachments you already downloaded</source>
+            <translation>移除已下載的郵件附件</translation>
+        </message>
+        <message>
+            <source>Mail Attachments</source>
+            <translation>郵件附件</translation>
+        </message>
+        <message>
             <source>Attachments Mail downloaded to show them</source>
             <translation>「郵件」為顯示而下載的附件</translation>
         </message>
@@ -654,6 +690,10 @@
         <message>
             <source>Files iTunes keeps to work faster</source>
             <translation>iTunes 為加快速度而保留的檔案</translation>
+        </message>
+        <message>
+            <source>Chrome, Firefox and Safari</source>
+            <translation>Chrome、Firefox 與 Safari</translation>
         </message>
     </context>
 </TS>

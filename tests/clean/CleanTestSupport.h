@@ -1,7 +1,7 @@
 #pragma once
 
 // Shared pieces of the clean tests: the programs, a peer spoken to in frames,
-// a recorded clean run, and random trees for the property test.
+// a recorded clean run, and snapshots of folder trees.
 
 #include "TestPaths.h"
 #include "cleaner/clean/CleanResults.h"
@@ -15,13 +15,13 @@
 #include "support/TreeBuilder.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QRandomGenerator>
 #include <QTest>
+#include <QTimer>
 #include <algorithm>
-#include <dirent.h>
 #include <fcntl.h>
 #include <ftw.h>
 #include <sys/stat.h>
@@ -168,6 +168,22 @@ inline QMap<QByteArray, int> statuses(const QCborMap &report)
     return out;
 }
 
+// Waits until a condition holds, serving the main loop the while without
+// qWaitFor's pauses: a clean hands each change of the tree to the main
+// thread and waits for it, and a 10 ms pause per hand-over would dominate.
+template <typename Predicate> bool waitClosely(Predicate condition, int timeoutMs)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    QTimer tick; // wakes the loop to look at the condition again
+    tick.start(1);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
 // The reports of one clean, as a screen would receive them.
 struct CleanRun {
     struct Report {
@@ -194,7 +210,7 @@ struct CleanRun {
                 }
             });
         KestalModuleCleanService::analysisModule(module, recorder);
-        return QTest::qWaitFor([this] { return finished; }, 20000);
+        return waitClosely([this] { return finished; }, 20000);
     }
 };
 
@@ -247,23 +263,8 @@ inline void writeModule(TestEnvironment &env, const QStringList &rootFolders)
     env.writeModules(QVariantList{TestEnvironment::moduleRow(QStringLiteral("Test"), categories)});
 }
 
-// The raw names in a folder, sorted.
-inline QList<QByteArray> entries(const QByteArray &folder)
-{
-    QList<QByteArray> names;
-    if (DIR *dir = opendir(folder.constData())) {
-        while (const dirent *ent = readdir(dir)) {
-            if (qstrcmp(ent->d_name, ".") && qstrcmp(ent->d_name, ".."))
-                names.append(ent->d_name);
-        }
-        closedir(dir);
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-// Every entry below a folder, by raw relative path: a digest of a file's
-// bytes, "dir" for a folder, "link:" and the target for a link.
+// Every entry below a folder, by raw relative path: its mode bits, then a
+// digest of a file's bytes, "dir" for a folder, "link:" and the target for a link.
 inline QMap<QByteArray, QByteArray> snapshot(const QString &root)
 {
     static QMap<QByteArray, QByteArray> out;
@@ -282,7 +283,8 @@ inline QMap<QByteArray, QByteArray> snapshot(const QString &root)
             value = QCryptographicHash::hash(file.readAll(), QCryptographicHash::Md5);
         }
         if (ftw->level > 0)
-            out.insert(QByteArray(path).mid(prefix), value);
+            out.insert(QByteArray(path).mid(prefix),
+                       QByteArray::number(st->st_mode & 07777, 8) + ' ' + value);
         return 0;
     };
     nftw(top.constData(), visit, 16, FTW_PHYS);
@@ -294,167 +296,5 @@ inline bool existsOnDisk(const QByteArray &path)
     struct stat st;
     return lstat(path.constData(), &st) == 0;
 }
-
-// A random tree loaded into module 0 as a scan would leave it, a random
-// selection, and the checks that after a clean exactly the selection is gone.
-class RandomClean {
-public:
-    RandomClean(quint32 seed, TreeBuilder::Place place) : rng(seed), tree(place) {}
-    // Names of raw bytes are beyond the tree builder's own unlocking.
-    ~RandomClean() { QProcess::execute(QStringLiteral("chmod"), {"-R", "u+w", tree.root()}); }
-
-    // One round per seed. `lockSome`: some folders lose their write right, so
-    // what is in them needs the helper.
-    static void rounds(quint32 first, quint32 end, bool lockSome)
-    {
-        for (quint32 seed = first; seed < end; ++seed) {
-            round(seed, lockSome);
-            if (QTest::currentTestFailed())
-                QFAIL(qPrintable(QStringLiteral("failed with seed %1").arg(seed)));
-        }
-    }
-
-private:
-    static void round(quint32 seed, bool lockSome)
-    {
-        TestEnvironment env;
-        // What goes to the helper must lie where it may act: the real home.
-        RandomClean random(seed,
-                           lockSome ? TreeBuilder::Place::RealHome : TreeBuilder::Place::Temporary);
-        random.build(env, lockSome);
-        random.select();
-        CleanRun run;
-        QVERIFY(run.cleanToEnd(0));
-        QCOMPARE(run.status, 999);
-        random.verify();
-    }
-
-    void build(TestEnvironment &env, bool lockSome)
-    {
-        const int count = 1 + int(rng.bounded(3));
-        QStringList roots;
-        for (int ci = 0; ci < count; ++ci) {
-            const QByteArray category = "c" + QByteArray::number(ci);
-            roots.append(tree.folder(QString::fromLatin1(category)));
-            const int items = int(rng.bounded(6));
-            for (int e = 0; e < items; ++e) {
-                const QByteArray name = category + '/' + nameFor(e);
-                if (rng.bounded(2) == 0) {
-                    tree.fileBytes(name, rng.bounded(3000));
-                    continue;
-                }
-                ::mkdir(tree.pathBytes(name).constData(), 0755);
-                const int children = int(rng.bounded(5));
-                for (int k = 0; k < children; ++k) {
-                    const QByteArray child = name + '/' + nameFor(k);
-                    if (rng.bounded(3) == 0) {
-                        ::mkdir(tree.pathBytes(child).constData(), 0755);
-                        tree.fileBytes(child + "/inner", rng.bounded(2000));
-                    } else {
-                        tree.fileBytes(child, rng.bounded(2000));
-                    }
-                }
-                if (lockSome && rng.bounded(3) == 0)
-                    ::chmod(tree.pathBytes(name).constData(), 0555);
-            }
-            if (lockSome && rng.bounded(2) == 0)
-                ::chmod(tree.pathBytes(category).constData(), 0555);
-        }
-        writeModule(env, roots);
-        before = snapshot(tree.root());
-        QList<Category> &categories = AppModuleService::categoriesOf(0);
-        for (int ci = 0; ci < count; ++ci) {
-            const QByteArray folder = tree.pathBytes("c" + QByteArray::number(ci));
-            for (const QByteArray &name : entries(folder))
-                appendNode(categories[ci], QByteArray(folder + '/' + name), true);
-            categories[ci].state = 0;
-        }
-    }
-
-    void select()
-    {
-        QList<Category> &categories = AppModuleService::categoriesOf(0);
-        for (int ci = 0; ci < categories.size(); ++ci) {
-            for (int fi = 0; fi < categories[ci].files.size(); ++fi) {
-                const FolderInfoPtr node = categories[ci].files[fi];
-                const quint32 choice = rng.bounded(3);
-                if (choice == 1)
-                    AppModuleService::updateState(1, 0, ci, fi, std::nullopt);
-                for (int k = 0; choice == 2 && k < node->children.size(); ++k) {
-                    if (rng.bounded(2) == 0)
-                        AppModuleService::updateState(1, 0, ci, fi, k);
-                }
-            }
-            categories[ci].state = AppModuleService::calculateParentState(categories[ci].files);
-            // What the plan will take: whole nodes, and checked children of partly checked ones.
-            for (const FolderInfoPtr &node : std::as_const(categories[ci].files)) {
-                const QList<FolderInfoPtr> candidates =
-                    node->checked == -1 ? node->children : QList{node};
-                for (const FolderInfoPtr &t : candidates) {
-                    if (t->checked != 1)
-                        continue;
-                    selected.append(FolderInfo::pathBytes(t->url));
-                    perCategory[ci].first += 1;
-                    perCategory[ci].second += t->size;
-                }
-            }
-        }
-    }
-
-    // Checks the disk, the module's tree and the clean's bookkeeping.
-    void verify() const
-    {
-        const QByteArray root = QFile::encodeName(tree.root());
-        for (const QByteArray &path : selected)
-            QVERIFY2(!existsOnDisk(path), path.constData());
-        QMap<QByteArray, QByteArray> expected;
-        for (auto it = before.begin(); it != before.end(); ++it) {
-            const QByteArray full = root + it.key();
-            const bool gone =
-                std::any_of(selected.begin(), selected.end(), [&](const QByteArray &s) {
-                    return full == s || full.startsWith(QByteArray(s + '/'));
-                });
-            if (!gone)
-                expected.insert(it.key(), it.value());
-        }
-        QCOMPARE(snapshot(tree.root()), expected);
-
-        int number = 0;
-        qint64 size = 0;
-        const QList<Category> &categories = AppModuleService::categoriesOf(0);
-        for (int ci = 0; ci < categories.size(); ++ci) {
-            qint64 categorySize = 0;
-            for (int fi = 0; fi < categories[ci].files.size(); ++fi) {
-                const FolderInfoPtr &node = categories[ci].files[fi];
-                QCOMPARE(node->findex, fi);
-                QVERIFY(existsOnDisk(FolderInfo::pathBytes(node->url)));
-                for (const FolderInfoPtr &child : node->children)
-                    QVERIFY(existsOnDisk(FolderInfo::pathBytes(child->url)));
-                categorySize += node->size;
-            }
-            QCOMPARE(categories[ci].size, categorySize);
-            const auto [count, bytes] = perCategory.value(ci);
-            QCOMPARE(KestalService::cleanningCompletedStatus().value(0).value(ci),
-                     (CleanTriple{999, count, bytes}));
-            number += count;
-            size += bytes;
-        }
-        QCOMPARE(KestalService::cleanTotalSizeAndNumber().value(0), std::make_pair(size, number));
-    }
-
-    // Plain names, names with blanks and accents, and bytes that are not UTF-8.
-    QByteArray nameFor(int i)
-    {
-        static const QList<QByteArray> names = {"a",           "b c", "caf\xc3\xa9",
-                                                "raw\xff\xfe", "%41", "x y%20z"};
-        return names[int(rng.bounded(quint32(names.size())))] + QByteArray::number(i);
-    }
-
-    QRandomGenerator rng;
-    TreeBuilder tree;
-    QList<QByteArray> selected;
-    QMap<int, std::pair<int, qint64>> perCategory;
-    QMap<QByteArray, QByteArray> before;
-};
 
 } // namespace CleanTest

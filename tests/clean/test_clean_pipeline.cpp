@@ -34,8 +34,6 @@ private slots:
     }
     void cleanupTestCase() { XPCUtil::shutdown(); }
 
-    void propertyInProcess() { RandomClean::rounds(1, 13, false); }
-
     void stopBeforeTheFirstItem()
     {
         TestEnvironment env;

@@ -19,6 +19,7 @@ private:
     struct Result {
         int exitCode;
         QJsonObject json;
+        QString errors;
     };
 
     TreeBuilder *sandbox = nullptr;
@@ -38,7 +39,8 @@ private:
         p.closeWriteChannel();
         if (!p.waitForFinished(60000))
             p.kill();
-        return {p.exitCode(), QJsonDocument::fromJson(p.readAllStandardOutput()).object()};
+        return {p.exitCode(), QJsonDocument::fromJson(p.readAllStandardOutput()).object(),
+                QString::fromLocal8Bit(p.readAllStandardError())};
     }
 
     // The paths a scan of System Junk (module 1) lists, scanned here with
@@ -210,6 +212,17 @@ private slots:
         const int before = int(listed().size());
         QCOMPARE(cli(args, input).exitCode, 1);
         QCOMPARE(listed().size(), before);
+    }
+
+    // The question says how much will go, in the window's words and units:
+    // the default selection leaves the apt archive out.
+    void confirmationSaysWhatWillGo()
+    {
+        const Result r = cli({}, "n\n");
+        QCOMPARE(r.exitCode, 1);
+        QVERIFY2(r.errors.contains(QStringLiteral("To be removed: 5 items, 690 bytes\n")),
+                 qPrintable(r.errors));
+        QVERIFY2(r.errors.contains(QStringLiteral("[y/N]")), qPrintable(r.errors));
     }
 
     // A PATH is compared as the bytes typed, never through text: a name

@@ -4,6 +4,7 @@
 #include "TestPaths.h"
 #include "cleaner/clean/InstallFailure.h"
 
+#include <QRandomGenerator>
 #include <QtEndian>
 #include <csignal>
 #include <pwd.h>

@@ -6,6 +6,7 @@
 #include "cleaner/core/FileRemoval.h"
 
 #include <QDir>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <pwd.h>

@@ -1,4 +1,5 @@
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/HelpPages.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
 #include "cleaner/core/SettingInfo.h"
@@ -6,7 +7,10 @@
 #include "cleaner/core/UserDefaults.h"
 #include "support/TestEnvironment.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QTranslator>
 #include <QtTest>
 
@@ -114,6 +118,75 @@ private slots:
                 QVERIFY2(!table->translate("English", text.toUtf8().constData()).isEmpty(),
                          qPrintable(lang + ": " + text));
         }
+    }
+    // The help, home, support and welcome entries lead to the shipped pages
+    // in every language, and the pages' own links lead to pages that exist.
+    void linksLeadToTheLocalHelpPages()
+    {
+        TestEnvironment env(QStringLiteral("linux"));
+        const QRegularExpression href(QStringLiteral("href=\"([^\"#]+)"));
+        for (const QString &language : SwitchLanguageService::languages) {
+            for (const char *key : {"help_link", "home_link", "support_link", "install_link"}) {
+                const QUrl url = HelpPages::linkURL(QLatin1String(key), language);
+                const QFileInfo page(url.toLocalFile());
+                QVERIFY2(url.isLocalFile() && page.isFile(), key);
+                QCOMPARE(page.dir().dirName(), language);
+                QFile file(page.filePath());
+                QVERIFY(file.open(QIODevice::ReadOnly));
+                const QString text = QString::fromUtf8(file.readAll());
+                QVERIFY(text.contains(QStringLiteral("<html lang=\"%1\">").arg(language)));
+                for (auto it = href.globalMatch(text); it.hasNext();) {
+                    const QString target = page.dir().filePath(it.next().captured(1));
+                    QVERIFY2(QFileInfo(target).isFile(), qPrintable(target));
+                }
+            }
+        }
+        // No real address behind them: no entry.
+        for (const char *key : {"facebook_link", "sendEmail_link", "feedback_link", "product_link"})
+            QVERIFY2(HelpPages::linkURL(QLatin1String(key), QStringLiteral("en")).isEmpty(), key);
+    }
+
+    void pageNamesResolveOrGiveNothing_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("expected"); // below the help folder; "" for nothing
+        QTest::newRow("in the language") << "guide.html"
+                                         << "de"
+                                         << "de/guide.html";
+        QTest::newRow("English fallback") << "guide.html"
+                                          << "it"
+                                          << "en/guide.html";
+        QTest::newRow("no such page") << "missing.html"
+                                      << "en"
+                                      << "";
+        QTest::newRow("climbs out") << "../Info.plist"
+                                    << "en"
+                                    << "";
+        QTest::newRow("climbs out inside") << "a/../../../Info.plist"
+                                           << "en"
+                                           << "";
+        QTest::newRow("absolute") << "/etc/passwd"
+                                  << "en"
+                                  << "";
+        QTest::newRow("empty") << ""
+                               << "en"
+                               << "";
+    }
+
+    void pageNamesResolveOrGiveNothing()
+    {
+        QFETCH(QString, value);
+        QFETCH(QString, language);
+        QFETCH(QString, expected);
+        TestEnvironment env(QStringLiteral("linux"));
+        const QUrl url = HelpPages::pageURL(value, language);
+        QCOMPARE(url.isEmpty(), expected.isEmpty());
+        if (!expected.isEmpty())
+            QCOMPARE(url, QUrl::fromLocalFile(HelpPages::folder() + QLatin1Char('/') + expected));
+        // A web address stands as it is.
+        QCOMPARE(HelpPages::pageURL(QStringLiteral("https://example.org/a b"), language),
+                 QUrl(QStringLiteral("https://example.org/a b")));
     }
 };
 

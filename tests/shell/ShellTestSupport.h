@@ -79,6 +79,7 @@ public:
 
 struct MessageBoxSeen {
     QString title;
+    QString informative;
     bool shown = false;
 };
 
@@ -95,6 +96,7 @@ inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &butto
             return;
         seen->shown = true;
         seen->title = box->text();
+        seen->informative = box->informativeText();
         poll->deleteLater();
         for (QAbstractButton *b : box->buttons()) {
             if (b->text() == button) {

@@ -3,6 +3,7 @@
 #include "cleaner/core/Platform.h"
 #include "cleaner/shell/EventMonitor.h"
 #include "cleaner/shell/FabricController.h"
+#include "cleaner/shell/KestalFirstLoginViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
@@ -12,10 +13,12 @@
 
 #include <QAction>
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QWindow>
 
 namespace {
 
@@ -72,9 +75,20 @@ private slots:
         UserDefaults::setValue(SwitchLanguageService::LocalLanguageKey, "de");
 
         AppDelegate delegate;
+        // The page opens only once the window has appeared.
+        bool windowWasOnScreen = false;
+        Workspace::setOpenerForTesting([&](const QUrl &url) {
+            QWindow *handle =
+                delegate.mainWindow() ? delegate.mainWindow()->windowHandle() : nullptr;
+            windowWasOnScreen = handle && handle->isExposed();
+            env.opened.append(url);
+            return true;
+        });
         delegate.applicationDidFinishLaunching();
-        QCOMPARE(env.opened, QList<QUrl>{QUrl("https://example.org/ja/download/")});
         QVERIFY(UserDefaults::value("HasLaunchedOnce").toBool());
+        QCOMPARE(env.opened, QList<QUrl>{});
+        QTRY_COMPARE(env.opened, QList<QUrl>{QUrl("https://example.org/ja/download/")});
+        QVERIFY(windowWasOnScreen);
 
         QMainWindow *window = delegate.mainWindow();
         QVERIFY(window && window->isVisible());
@@ -96,9 +110,65 @@ private slots:
         for (int launch = 0; launch < 2; ++launch) {
             AppDelegate delegate;
             delegate.applicationDidFinishLaunching();
+            QVERIFY(QTest::qWaitForWindowExposed(delegate.mainWindow()));
+            QTRY_COMPARE(env.opened.size(), 1);
         }
         QCOMPARE(env.opened, QList<QUrl>{QUrl("https://example.org/download/")});
         QCOMPARE(SwitchLanguageService::userLanguage(), QString("en"));
+    }
+
+    // The shipped Linux settings, through the real opener: the desktop's
+    // opener here is a stand-in xdg-open that writes down what it is given.
+    void linksOpenTheShippedLocalPages()
+    {
+        ShellEnvironment env;
+        Workspace::setOpenerForTesting({});
+        QTemporaryDir bin;
+        QFile script(bin.filePath("xdg-open"));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$0.record\"\n");
+        script.close();
+        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(bin.path()) + ':' + path);
+        const auto opened = [&] {
+            QFile file(bin.filePath("xdg-open.record"));
+            QList<QUrl> urls;
+            if (file.open(QIODevice::ReadOnly)) {
+                for (const QByteArray &line : file.readAll().split('\n'))
+                    if (!line.isEmpty())
+                        urls.append(QUrl::fromEncoded(line));
+            }
+            return urls;
+        };
+        Platform::setPreferredLanguagesForTesting({"fr-CA"});
+        UserDefaults::setValue(SwitchLanguageService::LocalLanguageKey, "de");
+
+        AppDelegate delegate;
+        delegate.applicationDidFinishLaunching();
+        // The welcome page of the system's language, a file that is there.
+        QTRY_COMPARE(opened().size(), 1);
+        const QString help = Platform::resourcesPath() + "/help/";
+        QCOMPARE(opened().first(), QUrl::fromLocalFile(help + "fr/welcome.html"));
+        // The entries open the pages of the interface language.
+        const QList<std::pair<const char *, const char *>> pages = {
+            {"help_link", "de/guide.html"},
+            {"home_link", "de/index.html"},
+            {"support_link", "de/support.html"}};
+        for (const auto &[key, page] : pages) {
+            QVERIFY2(delegate.linkItem(key)->isVisible(), key);
+            delegate.linkItem(key)->trigger();
+            QTRY_COMPARE(opened().last(), QUrl::fromLocalFile(help + page));
+            QVERIFY(QFileInfo(opened().last().toLocalFile()).isFile());
+        }
+        // Keys without an address have no entry, nor the newsletter its window.
+        for (const char *key : {"feedback_link", "product_link", "facebook_link"})
+            QVERIFY2(!delegate.linkItem(key)->isVisible(), key);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        QVERIFY(std::none_of(windows.begin(), windows.end(), [](QWidget *w) {
+            return w->isVisible() && qobject_cast<KestalFirstLoginViewController *>(w);
+        }));
+        qputenv("PATH", path);
     }
 
     void reopenBringsBackTheOneWindow()

@@ -137,6 +137,9 @@ private slots:
         auto question = answerNextMessageBox("Confirm");
         QTest::mouseClick(junk->detailViewBtn(), Qt::LeftButton);
         QVERIFY(question->shown);
+        // It says what will go, as the command line does.
+        QVERIFY2(question->informative.endsWith("To be removed: 1 item, 40.0 kB"),
+                 qPrintable(question->informative));
         QCOMPARE(stateOf(systemJunk), viewStatus::cleanning);
         auto *cleaning = right()->topSwitch()->cleaningAndLog(systemJunk);
         QCOMPARE(topOnScreen(), cleaning);

@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <csignal>
 #include <cstdio>
 #include <grp.h>
@@ -19,7 +20,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-TestEnvironment::TestEnvironment(const QString &profile) : m_profile(profile)
+TestEnvironment::TestEnvironment(const QString &profile) : TestEnvironment(profile, QString()) {}
+
+TestEnvironment::TestEnvironment(const QString &profile, const QString &parentFolder)
+    : m_profile(profile),
+      m_root(parentFolder.isEmpty() ? QDir::tempPath() + QStringLiteral("/brenlow-root-XXXXXX")
+                                    : parentFolder + QStringLiteral("/root-XXXXXX"))
 {
     m_oldHome = qgetenv("HOME");
     qputenv("BRENLOW_PLATFORM", profile.toUtf8());
@@ -58,6 +64,10 @@ void TestEnvironment::useShippedResources()
         QFile::remove(resources() + QLatin1Char('/') + name);
         QFile::copy(from + QLatin1Char('/') + name, resources() + QLatin1Char('/') + name);
     }
+    // The help pages are read, never written: the shipped folder itself.
+    if (QFileInfo::exists(from + QStringLiteral("/help")) &&
+        !QFileInfo::exists(resources() + QStringLiteral("/help")))
+        QFile::link(from + QStringLiteral("/help"), resources() + QStringLiteral("/help"));
 }
 
 void TestEnvironment::writeModules(const QVariant &rows)

@@ -13,6 +13,9 @@
 class TestEnvironment {
 public:
     explicit TestEnvironment(const QString &profile = QStringLiteral("linux"));
+    // The same with the root made inside `parentFolder` (for trees that the
+    // helper may act on, which must lie in the user's real home).
+    TestEnvironment(const QString &profile, const QString &parentFolder);
     ~TestEnvironment();
 
     QString root() const { return m_root.path(); }
