@@ -1,11 +1,12 @@
 #include "cleaner/shell/KestalAutoCleanupTopOverViewController.h"
 
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/status/StatusFigures.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -16,11 +17,6 @@ QString localized(const char *key)
     return getLocalizedString(QLatin1String(key));
 }
 
-QString plate(const QString &title, const QString &value)
-{
-    return QStringLiteral("<b>%1</b><br>%2").arg(title.toHtmlEscaped(), value.toHtmlEscaped());
-}
-
 } // namespace
 
 KestalAutoCleanupTopOverViewController::KestalAutoCleanupTopOverViewController(QWidget *parent)
@@ -28,14 +24,27 @@ KestalAutoCleanupTopOverViewController::KestalAutoCleanupTopOverViewController(Q
 {
     setObjectName(QStringLiteral("KestalAutoCleanupTopOverViewController"));
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(48, 16, 48, 0);
-    layout->setSpacing(24);
+    layout->setContentsMargins(16, 16, 16, 0);
+    layout->setSpacing(8);
+    // A title over a value each; both wrap, so the window's narrowest width
+    // still shows every figure.
     for (int i = 0; i < 5; ++i) {
-        auto *label = new QLabel(this);
-        label->setTextFormat(Qt::RichText);
-        label->setAlignment(Qt::AlignCenter);
-        m_plates.append(label);
-        layout->addWidget(label, 1);
+        auto *plate = new QVBoxLayout;
+        plate->setSpacing(2);
+        for (bool isTitle : {true, false}) {
+            auto *label = new QLabel(this);
+            label->setTextFormat(Qt::PlainText);
+            label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+            label->setWordWrap(true);
+            if (isTitle) {
+                QFont bold = label->font();
+                bold.setBold(true);
+                label->setFont(bold);
+            }
+            (isTitle ? m_titles : m_values).append(label);
+            plate->addWidget(label);
+        }
+        layout->addLayout(plate, 1);
     }
     m_timer.setInterval(periodSeconds * 1000);
     connect(&m_timer, &QTimer::timeout, this, &KestalAutoCleanupTopOverViewController::drawPlate);
@@ -54,40 +63,40 @@ void KestalAutoCleanupTopOverViewController::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
 }
 
+void KestalAutoCleanupTopOverViewController::setPlate(int index, const QString &title,
+                                                      const QString &value)
+{
+    m_titles[index]->setText(title);
+    m_values[index]->setText(value);
+}
+
 void KestalAutoCleanupTopOverViewController::drawPlate()
 {
-    const QLocale locale;
     const StatusFigures::CPU cpu = StatusFigures::cpu();
-    m_plates[0]->setText(plate(localized("CPU"), localized("Used") + QStringLiteral(" ") +
-                                                     QString::asprintf("%.1f%%", cpu.used)));
+    setPlate(0, localized("CPU"),
+             localized("Used") + QStringLiteral(" ") + QString::asprintf("%.1f%%", cpu.used));
     const StatusFigures::Memory memory = StatusFigures::memory();
-    m_plates[1]->setText(plate(localized("Memory"), localized("Free") + QStringLiteral(" ") +
-                                                        QString::asprintf("%.2f GB", memory.free)));
+    setPlate(1, localized("Memory"),
+             localized("Free") + QStringLiteral(" ") + QString::asprintf("%.2f GB", memory.free));
     const std::optional<StatusFigures::Disk> disk = StatusFigures::disk();
-    m_plates[2]->setText(plate(disk ? disk->name : localized("Disk"),
-                               disk ? localized("Available") + QStringLiteral(" ") +
-                                          locale.formattedDataSize(disk->available)
-                                    : QStringLiteral("-")));
+    setPlate(2, disk ? disk->name : localized("Disk"),
+             disk
+                 ? localized("Available") + QStringLiteral(" ") + ByteCount::string(disk->available)
+                 : QStringLiteral("-"));
     const std::optional<StatusFigures::Battery> battery = StatusFigures::battery();
-    m_plates[3]->setText(
-        battery ? plate(localized("Battery"),
-                        QStringLiteral("%1%  %2").arg(battery->charge).arg(battery->timeRemaining))
-                : plate(localized("Battery"), localized("No Battery Service Found")));
+    setPlate(3, localized("Battery"),
+             battery ? QStringLiteral("%1%  %2").arg(battery->charge).arg(battery->timeRemaining)
+                     : localized("No Battery Service Found"));
     const NetworkRate::Rates rates = getData();
-    m_plates[4]->setText(
-        plate(localized("Network"), QStringLiteral("↑ %1/s  ↓ %2/s")
-                                        .arg(locale.formattedDataSize(rates.upload),
-                                             locale.formattedDataSize(rates.download))));
+    setPlate(4, localized("Network"),
+             QStringLiteral("↑ %1/s  ↓ %2/s")
+                 .arg(ByteCount::string(rates.upload), ByteCount::string(rates.download)));
 }
 
 QStringList KestalAutoCleanupTopOverViewController::plateTexts() const
 {
     QStringList texts;
-    for (const QLabel *label : m_plates) {
-        QString text = label->text();
-        texts.append(text.replace(QLatin1String("<br>"), QLatin1String(" "))
-                         .remove(QLatin1String("<b>"))
-                         .remove(QLatin1String("</b>")));
-    }
+    for (int i = 0; i < m_titles.size(); ++i)
+        texts.append(m_titles[i]->text() + QLatin1Char(' ') + m_values[i]->text());
     return texts;
 }

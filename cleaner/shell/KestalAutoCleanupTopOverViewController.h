@@ -32,5 +32,8 @@ protected:
 private:
     NetworkRate m_rate{5};
     QTimer m_timer;
-    QList<QLabel *> m_plates;
+    void setPlate(int index, const QString &title, const QString &value);
+
+    QList<QLabel *> m_titles;
+    QList<QLabel *> m_values;
 };

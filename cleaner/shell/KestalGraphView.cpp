@@ -1,10 +1,10 @@
 #include "cleaner/shell/KestalGraphView.h"
 
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/status/Battery.h"
 #include "cleaner/status/StatusFigures.h"
 
-#include <QLocale>
 #include <QPainter>
 
 namespace {
@@ -33,7 +33,7 @@ QString gigabytesText(double value)
 
 QString bytesText(qint64 bytes)
 {
-    return QLocale().formattedDataSize(bytes);
+    return ByteCount::string(bytes);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "ShippedWindow.h"
+#include "cleaner/core/ByteCount.h"
 #include "cleaner/shell/KestalAutoCleanupTopOverViewController.h"
 #include "status/StatusTestSupport.h"
 
@@ -61,12 +62,12 @@ private slots:
         m_dashboard->drawPlate();
         QCOMPARE(m_dashboard->plateTexts().value(4),
                  QString("Network ↑ %1/s  ↓ %2/s")
-                     .arg(QLocale().formattedDataSize(1000), QLocale().formattedDataSize(4000)));
+                     .arg(ByteCount::string(1000), ByteCount::string(4000)));
         // Without a counted interface both rates are 0.
         writeText(proc("net/dev"), "Inter-|\n face |\n    lo: 1 1 0 0 0 0 0 0 1 1 0 0 0 0 0 0\n");
         m_dashboard->drawPlate();
         QCOMPARE(m_dashboard->plateTexts().value(4),
-                 QString("Network ↑ %1/s  ↓ %1/s").arg(QLocale().formattedDataSize(0)));
+                 QString("Network ↑ %1/s  ↓ %1/s").arg(ByteCount::string(0)));
     }
 
     void timerRunsOnlyWhileShown()
