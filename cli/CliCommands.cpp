@@ -40,7 +40,8 @@ int CliCommands::usage(const QString &reason)
                "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
                "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
                "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
-               "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n",
+               "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
+               "       brenlow-cli status [--json] [--watch SECONDS]\n",
                stderr);
     return 1;
 }
@@ -104,5 +105,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return privacy ? CliPrivacy::scan(args) : scan(args);
     if (command == "clean")
         return privacy ? CliPrivacy::clean(arguments.mid(1)) : clean(arguments.mid(1));
+    if (command == "status")
+        return status(args);
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

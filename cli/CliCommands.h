@@ -18,6 +18,7 @@ public:
     static int modules(const QStringList &args);
     static int scan(const QStringList &args);
     static int clean(const QByteArrayList &args);
+    static int status(const QStringList &args);
 
     // The module index named by an index or a title (its translation too); -1 if none.
     static int resolveModule(const QString &name);

@@ -105,6 +105,9 @@ QList<MountedVolume> Volumes::parseMountInfo(const QByteArray &text)
             v.path = QStringLiteral("/");
         v.fileSystemType = QString::fromLatin1(fields[dash + 1]);
         const QString source = unescaped(fields[dash + 2]);
+        v.device = source;
+        v.deviceNumber = QString::fromLatin1(fields[2]);
+        v.mountRoot = unescaped(fields[3]);
         v.isWritable = fields[5].split(',').contains("rw");
         v.isRemovable = isRemovableDevice(source);
         v.isUnmountable =

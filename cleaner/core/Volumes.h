@@ -11,6 +11,9 @@ struct MountedVolume {
     bool isRemovable = false;
     bool isWritable = false;
     bool isUnmountable = false;
+    QString device{};       // what is mounted: "/dev/sda1", "server:/export", "proc"
+    QString deviceNumber{}; // "major:minor" of the file system
+    QString mountRoot{};    // the folder of the file system mounted there ("/" unless a bind)
 
     QString name() const;
     bool operator==(const MountedVolume &) const = default;

@@ -10,6 +10,8 @@
 #include "cleaner/shell/ImageStore.h"
 #include "cleaner/shell/KestalFirstLoginViewController.h"
 #include "cleaner/shell/KestalRootViewController.h"
+#include "cleaner/shell/KestalStatusItem.h"
+#include "cleaner/shell/KestalStatusViewController.h"
 #include "cleaner/shell/LanguageNotifier.h"
 #include "cleaner/shell/UIUtil.h"
 #include "cleaner/shell/Workspace.h"
@@ -20,6 +22,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QTextStream>
 #include <QTimer>
 #include <QWindow>
@@ -82,11 +85,20 @@ void AppDelegate::applicationDidFinishLaunching()
     // Crash reports are not collected: nothing leaves the machine.
     checkFirstTimeLaunch();
     appDelegate = this;
-    m_eventMonitor = std::make_unique<EventMonitor>(QList<QEvent::Type>{QEvent::MouseButtonPress},
-                                                    [this](QEvent *) {
-                                                        if (popover && popover->isVisible())
-                                                            popover->close();
-                                                    });
+    if (!m_statusItem && KestalStatusItem::isAvailable()) {
+        m_statusItem = std::make_unique<KestalStatusItem>();
+        popover = m_statusItem->popover();
+        // The tray item brings the window back, so closing it no longer ends the program.
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+    m_eventMonitor = std::make_unique<EventMonitor>(
+        QList<QEvent::Type>{QEvent::MouseButtonPress}, [this](QEvent *event) {
+            if (!popover || !popover->isVisible())
+                return;
+            const QPoint at = static_cast<QMouseEvent *>(event)->globalPosition().toPoint();
+            if (!popover->frameGeometry().contains(at))
+                popover->close();
+        });
     m_eventMonitor->start();
     changeLanguage();
     if (showMainWindow)
@@ -264,6 +276,18 @@ bool AppDelegate::eventFilter(QObject *watched, QEvent *event)
         QTimer::singleShot(0, this, &AppDelegate::openWelcomePage);
     }
     return QObject::eventFilter(watched, event);
+}
+
+void AppDelegate::togglePopover()
+{
+    if (m_statusItem)
+        m_statusItem->togglePopover();
+}
+
+void AppDelegate::showPopover()
+{
+    if (m_statusItem)
+        m_statusItem->showPopover();
 }
 
 void AppDelegate::showFirstLoginWindow()

@@ -8,6 +8,7 @@
 #include <memory>
 
 class EventMonitor;
+class KestalStatusItem;
 class QAction;
 class QActionGroup;
 class QMenu;
@@ -34,6 +35,11 @@ public:
     // Opens the page under a key of the settings list ("support_link", ...).
     void openSettingLink(const QString &key);
     void showFirstLoginWindow();
+    // The status panel beside the tray item: opens it, or closes it when shown.
+    void togglePopover();
+    void showPopover();
+    // The tray item, when the desktop has a tray.
+    KestalStatusItem *statusItem() const { return m_statusItem.get(); }
 
     QMainWindow *mainWindow() const { return m_mainWindow; }
     QMenu *dockMenu() const { return m_dockMenu.get(); }
@@ -73,5 +79,6 @@ private:
     QAction *m_newsletterItem = nullptr;
     QAction *m_quitItem = nullptr;
     std::unique_ptr<EventMonitor> m_eventMonitor;
+    std::unique_ptr<KestalStatusItem> m_statusItem;
     QUrl m_welcomePage;
 };

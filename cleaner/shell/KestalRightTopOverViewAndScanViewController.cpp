@@ -4,6 +4,7 @@
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/shell/ElidedLabel.h"
 #include "cleaner/shell/ImageStore.h"
+#include "cleaner/shell/KestalAutoCleanupTopOverViewController.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
 
@@ -88,7 +89,16 @@ KestalRightTopOverViewAndScanViewController::KestalRightTopOverViewAndScanViewCo
     text->addWidget(m_features);
     text->addWidget(m_scanning);
 
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new QHBoxLayout;
+    if (moduleIndex == 0) {
+        // Auto Cleanup's overview opens with the machine's dashboard.
+        auto *column = new QVBoxLayout(this);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(new KestalAutoCleanupTopOverViewController(this));
+        column->addLayout(layout, 1);
+    } else {
+        setLayout(layout);
+    }
     layout->setContentsMargins(48, 32, 48, 32);
     layout->setSpacing(36);
     layout->addStretch(1);

@@ -223,12 +223,13 @@ private slots:
 
         const QList<MountedVolume> volumes = Volumes::mountedVolumes();
         QCOMPARE(volumes.size(), 4);
-        QCOMPARE(volumes[0], (MountedVolume{env.root(), "ext4", false, true, false}));
+        QCOMPARE(volumes[0],
+                 (MountedVolume{env.root(), "ext4", false, true, false, "/dev/sda1", "8:1", "/"}));
         QVERIFY(!volumes[1].isRemovable && !volumes[1].isUnmountable);
-        QCOMPARE(volumes[2],
-                 (MountedVolume{env.root() + "/media/user/MY STICK", "vfat", true, true, true}));
-        QCOMPARE(volumes[3],
-                 (MountedVolume{env.root() + "/media/user/Backup", "exfat", true, false, true}));
+        QCOMPARE(volumes[2], (MountedVolume{env.root() + "/media/user/MY STICK", "vfat", true, true,
+                                            true, "/dev/sdb1", "8:17", "/"}));
+        QCOMPARE(volumes[3], (MountedVolume{env.root() + "/media/user/Backup", "exfat", true, false,
+                                            true, "/dev/sdc1", "8:33", "/"}));
     }
 
     void photoCache_data()

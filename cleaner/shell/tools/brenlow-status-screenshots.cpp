@@ -1,0 +1,57 @@
+// Renders the tray's status panel and Auto Cleanup's dashboard to PNG files
+// (scripts/status-screenshots), over this machine's figures.
+#include "cleaner/core/UserDefaults.h"
+#include "cleaner/shell/AppDelegate.h"
+#include "cleaner/shell/KestalStatusViewController.h"
+#include "cleaner/shell/Workspace.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QTextStream>
+
+namespace {
+
+// Lets layouts, timers' first draws and the window manager settle.
+void settle()
+{
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < 600)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
+void save(QWidget *widget, const QString &name)
+{
+    widget->grab().save(name, "PNG", 0);
+    QTextStream(stdout) << name << '\n';
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Brenlow"));
+    if (argc < 2) {
+        QTextStream(stderr) << "usage: brenlow-status-screenshots OUTPUT_DIR\n";
+        return 1;
+    }
+    const QString out = QString::fromLocal8Bit(argv[1]);
+    QDir().mkpath(out);
+    Workspace::setOpenerForTesting([](const QUrl &) { return true; });
+    UserDefaults::setValue(QStringLiteral("HasLaunchedOnce"), true);
+    AppDelegate delegate;
+    delegate.applicationDidFinishLaunching();
+    QMainWindow *window = delegate.mainWindow();
+    window->resize(1080, 680);
+    settle();
+    save(window, out + QStringLiteral("/en-auto-cleanup-dashboard.png"));
+
+    KestalStatusViewController panel;
+    panel.showBeside(QRect(900, 0, 22, 22));
+    settle();
+    save(&panel, out + QStringLiteral("/en-status-panel.png"));
+    return 0;
+}

@@ -1,0 +1,143 @@
+#include "TestPaths.h"
+#include "status/StatusTestSupport.h"
+#include "support/TestEnvironment.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+const QString program = QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli");
+
+struct Run {
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Run cli(const QStringList &args,
+        const QProcessEnvironment &env = QProcessEnvironment::systemEnvironment())
+{
+    QProcess p;
+    p.setProcessEnvironment(env);
+    p.start(program, args);
+    if (!p.waitForFinished(60000))
+        qFatal("brenlow-cli did not finish");
+    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
+               p.readAllStandardOutput(), p.readAllStandardError()};
+}
+
+} // namespace
+
+// brenlow-cli status as a user runs it, on this machine and on a machine
+// described by kernel files under a root.
+class CliStatusTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void jsonOnThisMachine()
+    {
+        const Run run = cli({"status", "--json"});
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject o = QJsonDocument::fromJson(run.out).object();
+        QVERIFY2(!o.isEmpty(), run.out.constData());
+        QCOMPARE(o["cpu"]["cores"].toInt(), toolOutput("nproc --all").trimmed().toInt());
+        const double used = o["cpu"]["used"].toDouble();
+        QVERIFY(used > 0 && used <= 100);
+        QCOMPARE(o["cpu"]["available"].toDouble(), 100 - used);
+        const qint64 total =
+            toolOutput("free -b | sed -n 2p").simplified().split(' ').value(1).toLongLong();
+        QCOMPARE(o["memory"]["total"].toDouble(), double(total) / 1073741824);
+        QCOMPARE(o["disk"]["capacity"].toInteger(),
+                 toolOutput("df -B1 --output=size / | tail -1").trimmed().toLongLong());
+        QVERIFY(o["network"]["upload"].toInteger() >= 0 &&
+                o["network"]["download"].toInteger() >= 0);
+        QVERIFY(o.contains("battery"));
+    }
+
+    void describedMachine_data()
+    {
+        QTest::addColumn<bool>("withBattery");
+        QTest::newRow("notebook") << true;
+        QTest::newRow("no battery") << false;
+    }
+    void describedMachine()
+    {
+        QFETCH(bool, withBattery);
+        TestEnvironment env;
+        const QString root = env.root();
+        writeText(root + "/proc/stat", "cpu  300 0 100 600 0 0 0 0 0 0\n");
+        writeText(root + "/sys/devices/system/cpu/online", "0-7\n");
+        writeText(root + "/proc/meminfo", "MemTotal: 16777216 kB\nMemFree: 4194304 kB\n"
+                                          "Active(anon): 2097152 kB\n");
+        writeText(root + "/proc/self/mountinfo", "22 1 8:1 / / rw - ext4 /dev/sda1 rw\n");
+        writeText(root + "/proc/net/dev", "h\nh\n  eth0: 5000 1 0 0 0 0 0 0 3000 1 0 0 0 0 0 0\n");
+        if (withBattery) {
+            const QString bat = root + "/sys/class/power_supply/BAT0/";
+            writeText(bat + "type", "Battery\n");
+            writeText(bat + "status", "Discharging\n");
+            writeText(bat + "charge_now", "2000000\n");
+            writeText(bat + "charge_full", "4000000\n");
+            writeText(bat + "current_now", "1000000\n");
+            writeText(bat + "cycle_count", "12\n");
+        }
+        QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
+        e.insert("BRENLOW_ROOT", root);
+        e.insert("BRENLOW_RESOURCES", env.resources());
+
+        const Run text = cli({"status"}, e);
+        QCOMPARE(text.exitCode, 0);
+        const QString out = QString::fromUtf8(text.out);
+        QVERIFY2(out.contains("8 Cores") && out.contains("Used 40.0%") &&
+                     out.contains("Available 60.0%") && out.contains("Free 4.00 GB") &&
+                     out.contains("Used 2.00 GB"),
+                 qPrintable(out));
+        QCOMPARE(out.contains("No Battery Service Found"), !withBattery);
+        if (withBattery)
+            QVERIFY2(out.contains("50%  2:00  Charge Cycles 12  2000 / 4000 mAh"), qPrintable(out));
+        // The counters did not move between the two readings: no traffic.
+        QVERIFY2(out.contains("Upload 0 bytes/s  Download 0 bytes/s"), qPrintable(out));
+
+        const QJsonObject o = QJsonDocument::fromJson(cli({"status", "--json"}, e).out).object();
+        QCOMPARE(o["battery"].isNull(), !withBattery);
+        if (withBattery)
+            QCOMPARE(o["battery"]["timeRemaining"].toString(), QString("2:00"));
+        QCOMPARE(o["memory"]["total"].toDouble(), 16.0);
+    }
+
+    void watchRepeats()
+    {
+        QProcess p;
+        p.start(program, {"status", "--watch", "1"});
+        // Two reports, each with its own reading of the CPU since the last.
+        QByteArray seen;
+        QTRY_VERIFY_WITH_TIMEOUT((seen += p.readAllStandardOutput()).count("Network") >= 2, 20000);
+        QCOMPARE(seen.count("Now "), 2);
+        p.kill();
+        p.waitForFinished();
+    }
+
+    void badUsage_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::newRow("no seconds") << QStringList{"status", "--watch"};
+        QTest::newRow("zero seconds") << QStringList{"status", "--watch", "0"};
+        QTest::newRow("not a number") << QStringList{"status", "--watch", "soon"};
+        QTest::newRow("unknown option") << QStringList{"status", "--all"};
+    }
+    void badUsage()
+    {
+        QFETCH(QStringList, args);
+        const Run run = cli(args);
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(run.out.isEmpty());
+        QVERIFY(run.err.contains("brenlow-cli status"));
+    }
+};
+
+QTEST_GUILESS_MAIN(CliStatusTest)
+#include "test_cli_status.moc"

@@ -1,0 +1,226 @@
+#include "StatusTestSupport.h"
+#include "cleaner/core/Platform.h"
+#include "cleaner/status/Reachability.h"
+#include "cleaner/status/StatusFigures.h"
+#include "cleaner/status/SystemStatusService.h"
+#include "cleaner/status/VolumeInfo.h"
+#include "support/TestEnvironment.h"
+
+// The dashboard's volumes, network rates and machine names, against this
+// machine's df and /proc/net/dev and against kernel files a test writes.
+class DashboardDataTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void volumesMatchDf()
+    {
+        const QList<VolumeInfo> volumes = VolumeInfo::mountedVolumes();
+        QVERIFY(!volumes.isEmpty());
+        QCOMPARE(volumes.first().path, QString("/"));
+        for (const VolumeInfo &v : volumes) {
+            // Each one as df sees its mount point, within what a build
+            // running beside the test writes meanwhile.
+            const QList<QByteArray> df =
+                toolOutput("df -B1 --output=size,avail '" + v.path + "' | tail -1")
+                    .simplified()
+                    .split(' ');
+            QCOMPARE(df.size(), 2);
+            QCOMPARE(v.capacity, df[0].toLongLong());
+            QVERIFY2(std::abs(v.available - df[1].toLongLong()) < 256 * 1024 * 1024,
+                     qPrintable(v.path));
+            QVERIFY(v.volumeType && !v.volumeType->isEmpty() && v.name);
+        }
+        // No kernel or memory file systems, each file system once.
+        QSet<QString> paths;
+        for (const VolumeInfo &v : volumes) {
+            QVERIFY2(*v.volumeType != "proc" && *v.volumeType != "sysfs" &&
+                         *v.volumeType != "tmpfs",
+                     qPrintable(v.path));
+            QVERIFY(!paths.contains(v.path));
+            paths.insert(v.path);
+        }
+        const std::optional<StatusFigures::Disk> disk = StatusFigures::disk();
+        QVERIFY(disk);
+        QCOMPARE(disk->used + disk->available, disk->capacity);
+    }
+
+    void userVolumes_data()
+    {
+        QTest::addColumn<QString>("mountPoint");
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("device");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("system disk on overlay") << "/"
+                                                << "overlay"
+                                                << "overlay" << true;
+        QTest::newRow("data disk") << "/data"
+                                   << "ext4"
+                                   << "/dev/sdb1" << true;
+        QTest::newRow("network share") << "/mnt/nas"
+                                       << "nfs4"
+                                       << "nas:/export" << true;
+        QTest::newRow("zfs dataset") << "/tank"
+                                     << "zfs"
+                                     << "tank/data" << true;
+        QTest::newRow("zfs snapshot") << "/tank/.zfs/snapshot/a"
+                                      << "zfs"
+                                      << "tank/data@a" << false;
+        QTest::newRow("btrfs snapshot") << "/.snapshots/5/snapshot"
+                                        << "btrfs"
+                                        << "/dev/sda2" << false;
+        QTest::newRow("snap package") << "/snap/core/1"
+                                      << "squashfs"
+                                      << "/dev/loop3" << false;
+        QTest::newRow("kernel") << "/proc"
+                                << "proc"
+                                << "proc" << false;
+        QTest::newRow("memory") << "/run"
+                                << "tmpfs"
+                                << "tmpfs" << false;
+        QTest::newRow("container layer") << "/var/lib/docker/x"
+                                         << "overlay"
+                                         << "overlay" << false;
+    }
+    void userVolumes()
+    {
+        QFETCH(QString, mountPoint);
+        QFETCH(QString, type);
+        QFETCH(QString, device);
+        MountedVolume v;
+        v.path = mountPoint;
+        v.fileSystemType = type;
+        v.device = device;
+        v.mountRoot = "/";
+        QTEST(VolumeInfo::isUserVolume(v), "shown");
+    }
+
+    void volumesFromMountTable()
+    {
+        TestEnvironment env;
+        QDir().mkpath(env.root() + "/media/user/STICK");
+        QDir().mkpath(env.root() + "/home");
+        writeText(env.root() + "/proc/self/mountinfo",
+                  "30 22 8:17 / /media/user/STICK rw - vfat /dev/sdb1 rw\n"
+                  "22 1 8:1 / / rw - ext4 /dev/sda1 rw\n"
+                  "23 22 0:5 / /proc rw - proc proc rw\n"
+                  // The same file system again, bound elsewhere.
+                  "24 22 8:1 /home /home rw - ext4 /dev/sda1 rw\n"
+                  "25 22 8:40 / /gone rw - ext4 /dev/sdc1 rw\n");
+        writeText(env.root() + "/sys/block/sdb/removable", "1\n");
+        writeText(env.root() + "/sys/block/sdb/sdb1/partition", "1\n");
+        const QList<VolumeInfo> volumes = VolumeInfo::mountedVolumes();
+        QCOMPARE(volumes.size(), 2); // the folder of /gone does not exist
+        QCOMPARE(volumes[0].path, env.root());
+        QCOMPARE(volumes[1].path, env.root() + "/media/user/STICK");
+        QCOMPARE(volumes[1].name, std::optional<QString>("STICK"));
+        QVERIFY(volumes[1].removable && !volumes[0].removable);
+        QCOMPARE(volumes[1].image, std::optional<QString>("drive-removable-media"));
+        QCOMPARE(VolumeInfo::volumes.size(), 2);
+    }
+
+    void networkMatchesProcNetDev()
+    {
+        const Reachability::MonitorData data = Reachability::getMonitorDataDetail();
+        // The kernel's own table, summed by awk over the counted interfaces.
+        const QList<QByteArray> sums =
+            toolOutput("awk -F'[: ]+' 'NR>2 { sub(/^ +/, \"\"); split($0, f, /[: ]+/);"
+                       " if (f[1] ~ /^(en|eth|wl)/) { i += f[2]; o += f[10]; n++ } }"
+                       " END { print i+0, o+0, n+0 }' /proc/net/dev")
+                .simplified()
+                .split(' ');
+        QCOMPARE(sums.size(), 3);
+        QCOMPARE(data.interfaces, sums[2].toInt());
+        QVERIFY(std::abs(data.bytesIn - sums[0].toLongLong()) < 1024 * 1024);
+        QVERIFY(std::abs(data.bytesOut - sums[1].toLongLong()) < 1024 * 1024);
+        QCOMPARE(Reachability::reachabilityForLocalWiFi(), data.interfaces > 0);
+    }
+
+    void networkRates_data()
+    {
+        QTest::addColumn<QByteArray>("netDev");
+        QTest::addColumn<qint64>("firstDownload");
+        QTest::addColumn<qint64>("firstUpload");
+        const QByteArray header = "Inter-|   Receive |  Transmit\n face |bytes packets|bytes\n";
+        QTest::newRow("loopback only: no network")
+            << header + "    lo: 5000 10 0 0 0 0 0 0 5000 10 0 0 0 0 0 0\n"
+            << qint64(0) << qint64(0);
+        QTest::newRow("no interfaces at all") << QByteArray() << qint64(0) << qint64(0);
+        QTest::newRow("wired and wireless, bridges left out")
+            << header + "  eth0: 1000 1 0 0 0 0 0 0 500 1 0 0 0 0 0 0\n"
+                        "wlp2s0: 4000 1 0 0 0 0 0 0 1500 1 0 0 0 0 0 0\n"
+                        "docker0: 90000 1 0 0 0 0 0 0 90000 1 0 0 0 0 0 0\n"
+                        "wwan0: 90000 1 0 0 0 0 0 0 90000 1 0 0 0 0 0 0\n"
+            << qint64(1000) << qint64(400);
+    }
+    void networkRates()
+    {
+        QFETCH(QByteArray, netDev);
+        TestEnvironment env;
+        writeText(env.root() + "/proc/net/dev", netDev);
+        NetworkRate rate(5);
+        // The first reading is everything since boot over the period.
+        const NetworkRate::Rates first = rate.getData();
+        QTEST(first.download, "firstDownload");
+        QTEST(first.upload, "firstUpload");
+        // Nothing moved since: 0 both ways.
+        const NetworkRate::Rates second = rate.getData();
+        QCOMPARE(second.download, 0);
+        QCOMPARE(second.upload, 0);
+    }
+
+    void networkRateSteps()
+    {
+        NetworkRate rate(5);
+        Reachability::MonitorData d{5000, 10000, 1};
+        QCOMPARE(rate.next(true, d).download, 2000);
+        d.bytesIn = 15000;
+        QCOMPARE(rate.next(true, d).download, 1000);
+        // Counters that went back (an interface gone) show no traffic.
+        d.bytesIn = 100;
+        QCOMPARE(rate.next(true, d).download, 0);
+        QCOMPARE(rate.totalReceive, 20);
+        // Totals beyond 2^62 start over; no reachability reads nothing.
+        rate.totalSend = 0x4000000000000000;
+        QCOMPARE(rate.next(false, d).upload, 0);
+        QCOMPARE(rate.totalSend, 0);
+    }
+
+    void modelNames_data()
+    {
+        QTest::addColumn<QByteArray>("product");
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<QString>("marketing");
+        QTest::newRow("in the table")
+            << QByteArray("Standard PC (Q35 + ICH9, 2009)\n") << "QEMU Virtual Machine"
+            << "QEMU Virtual Machine (Q35 chipset)";
+        QTest::newRow("not in the table") << QByteArray("Frobnitz 3000\n") << "Unknown"
+                                          << "Unknown";
+        QTest::newRow("no firmware name") << QByteArray() << "Unknown"
+                                          << "Unknown";
+    }
+    void modelNames()
+    {
+        QFETCH(QByteArray, product);
+        TestEnvironment env;
+        if (!product.isEmpty())
+            writeText(env.root() + "/sys/class/dmi/id/product_name", product);
+        const SystemStatusService::ModelData names = SystemStatusService::getModelData();
+        QTEST(names.model, "model");
+        QTEST(names.marketingModel, "marketing");
+    }
+
+    void modelNamesWithoutTheTable()
+    {
+        TestEnvironment env;
+        QFile::remove(env.resources() + "/SIMachineAttributes.plist");
+        writeText(env.root() + "/sys/class/dmi/id/product_name", "VirtualBox\n");
+        QCOMPARE(SystemStatusService::getModelData().model, QString("Unknown"));
+        // An entry without its names block is as good as none.
+        const QVariantMap table{{"VirtualBox", QVariantMap{{"model", "VirtualBox"}}}};
+        QCOMPARE(SystemStatusService::modelData(table, "VirtualBox").marketingModel,
+                 QString("Unknown"));
+    }
+};
+
+QTEST_GUILESS_MAIN(DashboardDataTest)
+#include "test_dashboard_data.moc"
