@@ -5,6 +5,8 @@
 #include "cleaner/core/SettingInfo.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/core/UserDefaults.h"
+#include "cleaner/finders/FinderScans.h"
+#include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/shell/EventMonitor.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
@@ -66,6 +68,9 @@ const QStringList AppDelegate::linkKeys = {
 
 AppDelegate::AppDelegate()
 {
+    // The modules whose scan is their own reach the scan driver from here.
+    FinderScans::registerAll();
+    PrivacyService::registerWithScanDriver();
     m_dockMenu = std::make_unique<QMenu>();
     m_dockMenu->setTitle(QStringLiteral("MyMenu"));
     buildMenus();
