@@ -844,4 +844,27 @@
             <translation>Dateien mit ***kb oder weniger als dem folgenden Wert werden automatisch übersprungen.</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Einstellungen</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Duplikatsuche…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Ordner wählen…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Ordner: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Ordner für die Duplikatsuche wählen</translation>
+        </message>
+    </context>
 </TS>

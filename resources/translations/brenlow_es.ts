@@ -844,4 +844,27 @@
             <translation>Los archivos de ***kb menores que el valor siguiente se omitirán automáticamente.</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuración</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Buscador de duplicados…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Elegir carpeta…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Carpeta: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Elija la carpeta en la que buscar duplicados</translation>
+        </message>
+    </context>
 </TS>

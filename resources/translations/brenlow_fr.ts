@@ -844,4 +844,27 @@
             <translation>Les fichiers de ***ko inférieurs à la valeur ci-dessous seront ignorés automatiquement.</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuration</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Recherche de doublons…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Choisir un dossier…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Dossier : </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Choisissez le dossier où chercher les doublons</translation>
+        </message>
+    </context>
 </TS>
