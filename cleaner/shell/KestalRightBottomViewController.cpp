@@ -401,7 +401,8 @@ void KestalRightBottomViewController::showCategoryOnScan(int categoryIndex)
         AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
     m_shownPercent = 0;
     topChild()->updateProgress(0);
-    if (categoryIndex < categories.size())
+    // A scan of the module's own does not go category by category.
+    if (categoryIndex < categories.size() && !KestalService::hasOwnScan(m_moduleIndex))
         topChild()->updateDescription(categories.at(categoryIndex).title);
 }
 
