@@ -1,6 +1,5 @@
 #include "cleaner/shell/KestalFinderBottomViewControllers.h"
 
-#include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
@@ -91,7 +90,7 @@ KestalLargeAndOldFileBottomViewController::KestalLargeAndOldFileBottomViewContro
 {}
 
 void KestalLargeAndOldFileBottomViewController::runClean(
-    std::shared_ptr<KestalCleanRecorder> recorder)
+    const std::shared_ptr<KestalCleanProtocol> &recorder)
 {
     const int module = moduleIndex();
     Dispatch::globalAsync([module, recorder] {

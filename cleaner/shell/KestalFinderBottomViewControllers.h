@@ -49,5 +49,5 @@ public:
     void cleanDone(bool success, qint64 size, int number) override;
 
 protected:
-    void runClean(std::shared_ptr<KestalCleanRecorder> recorder) override;
+    void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder) override;
 };

@@ -518,13 +518,13 @@ void KestalRightBottomViewController::detailViewCleanAction()
                                    installFailureReason(bar->m_moduleIndex),
                                true);
         });
-    runClean(std::move(recorder));
+    runClean(recorder);
     FabricController::fabric(
         FabricEvent::cleanButton,
         FabricEvent::getCleanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
 }
 
-void KestalRightBottomViewController::runClean(std::shared_ptr<KestalCleanRecorder> recorder)
+void KestalRightBottomViewController::runClean(const std::shared_ptr<KestalCleanProtocol> &recorder)
 {
     const int module = m_moduleIndex;
     Dispatch::globalAsync(

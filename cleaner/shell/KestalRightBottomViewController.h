@@ -4,7 +4,7 @@
 
 #include <memory>
 
-class KestalCleanRecorder;
+class KestalCleanProtocol;
 class KestalCleaningViewAndLogViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -88,8 +88,9 @@ protected:
     void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
-    // Plans and runs the clean of what the review left ticked (off the main thread).
-    virtual void runClean(std::shared_ptr<KestalCleanRecorder> recorder);
+    // Runs the clean of the review's selection on a worker; each report goes
+    // to `recorder`.
+    virtual void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder);
     // Whether the result page offers the review (Auto Cleanup cleans from it).
     virtual bool hasReview() const { return true; }
     bool isOnScreen() const;
