@@ -10,6 +10,7 @@
 #include "cleaner/shell/EventMonitor.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
+#include "cleaner/shell/KestalDuplicateConfigurationWindowController.h"
 #include "cleaner/shell/KestalFirstLoginViewController.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalStatusItem.h"
@@ -194,6 +195,11 @@ void AppDelegate::buildMenus()
         connect(item, &QAction::triggered, this, [this, item] { languageAction(item); });
     }
 
+    m_configurationMenu = std::make_unique<QMenu>();
+    m_duplicateConfigurationItem = m_configurationMenu->addAction(QString());
+    connect(m_duplicateConfigurationItem, &QAction::triggered, this,
+            &AppDelegate::duplicateConfigureAction);
+
     m_helpMenu = std::make_unique<QMenu>();
     for (const QString &key : linkKeys) {
         QAction *item = m_helpMenu->addAction(
@@ -208,7 +214,7 @@ void AppDelegate::buildMenus()
 
 QList<QMenu *> AppDelegate::menus() const
 {
-    return {m_appMenu.get(), m_languageMenu.get(), m_helpMenu.get()};
+    return {m_appMenu.get(), m_languageMenu.get(), m_configurationMenu.get(), m_helpMenu.get()};
 }
 
 void AppDelegate::changeLanguage()
@@ -227,6 +233,8 @@ void AppDelegate::changeLanguage()
     const QString current = SwitchLanguageService::getCurrentLanguage();
     for (auto it = m_languageItems.begin(); it != m_languageItems.end(); ++it)
         it.value()->setChecked(it.key() == current);
+    m_configurationMenu->setTitle(getLocalizedString(QStringLiteral("Configuration")));
+    m_duplicateConfigurationItem->setText(getLocalizedString(QStringLiteral("Duplicate Finder…")));
     m_helpMenu->setTitle(getLocalizedString(QStringLiteral("Help")));
     for (auto it = m_linkItems.begin(); it != m_linkItems.end(); ++it) {
         it.value()->setText(linkTitle(it.key()));
@@ -248,6 +256,11 @@ void AppDelegate::languageAction(QAction *sender)
         FabricController::fabric(FabricEvent::languageButton, language);
         return;
     }
+}
+
+void AppDelegate::duplicateConfigureAction()
+{
+    KestalDuplicateConfigurationWindowController::duplicateConfigureAction();
 }
 
 void AppDelegate::openSettingLink(const QString &key)

@@ -32,6 +32,8 @@ public:
     // Sets the language and gives every menu entry its text in it.
     void changeLanguage();
     void languageAction(QAction *sender);
+    // Opens the duplicate finder's configuration window.
+    void duplicateConfigureAction();
     // Opens the page under a key of the settings list ("support_link", ...).
     void openSettingLink(const QString &key);
     void showFirstLoginWindow();
@@ -46,6 +48,7 @@ public:
     QList<QMenu *> menus() const;
     QAction *languageItem(const QString &language) const { return m_languageItems.value(language); }
     QAction *linkItem(const QString &key) const { return m_linkItems.value(key); }
+    QAction *duplicateConfigurationItem() const { return m_duplicateConfigurationItem; }
     EventMonitor *eventMonitor() const { return m_eventMonitor.get(); }
     // The status panel, once the status item exists; the monitor closes it.
     QPointer<QWidget> popover;
@@ -70,6 +73,7 @@ private:
     std::unique_ptr<QMenu> m_dockMenu;
     std::unique_ptr<QMenu> m_appMenu;
     std::unique_ptr<QMenu> m_languageMenu;
+    std::unique_ptr<QMenu> m_configurationMenu;
     std::unique_ptr<QMenu> m_helpMenu;
     QActionGroup *m_languageGroup = nullptr;
     QHash<QString, QAction *> m_languageItems;
@@ -78,6 +82,7 @@ private:
     QAction *m_eventLogItem = nullptr;
     QAction *m_newsletterItem = nullptr;
     QAction *m_quitItem = nullptr;
+    QAction *m_duplicateConfigurationItem = nullptr;
     std::unique_ptr<EventMonitor> m_eventMonitor;
     std::unique_ptr<KestalStatusItem> m_statusItem;
     QUrl m_welcomePage;

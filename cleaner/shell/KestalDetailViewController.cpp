@@ -154,10 +154,10 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
 
     // Back and search above; then a grid whose columns are the two panes,
     // so that each pane's select-all box and sort menu stand on one line.
-    auto *top = new QHBoxLayout;
-    top->addWidget(m_back);
-    top->addStretch(1);
-    top->addWidget(m_search);
+    m_top = new QHBoxLayout;
+    m_top->addWidget(m_back);
+    m_top->addStretch(1);
+    m_top->addWidget(m_search);
     auto *rightHead = new QVBoxLayout;
     rightHead->setSpacing(2);
     rightHead->addWidget(m_rightTitle);
@@ -180,7 +180,7 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     panes->setRowStretch(2, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 16, 24, 12);
-    layout->addLayout(top);
+    layout->addLayout(m_top);
     layout->addLayout(panes, 1);
     reloadTexts();
 }
@@ -227,7 +227,13 @@ void KestalDetailViewController::reloadData()
     m_filling = true;
     m_categories->searchFiles(QString());
     m_filling = false;
-    showCategory(0);
+    showFirstRow();
+}
+
+void KestalDetailViewController::showFirstRow()
+{
+    const int first = m_categories->categoryAt(0);
+    showCategory(first < 0 && !m_categories->showsPlaceholder() ? 0 : first);
 }
 
 void KestalDetailViewController::clickEvent(int cateNum)
@@ -237,7 +243,8 @@ void KestalDetailViewController::clickEvent(int cateNum)
 
 void KestalDetailViewController::showCategory(int cateNum)
 {
-    m_tableViewRow = qMax(0, cateNum);
+    // -1 is the placeholder of a list with no category to show.
+    m_tableViewRow = m_categories->showsPlaceholder() ? -1 : qMax(0, cateNum);
     selectCategoryRow(m_categories->rowOf(m_tableViewRow));
     m_files->reloadData(m_tableViewRow);
     m_right->setCurrentIndex(m_files->index(0, 0));
@@ -259,6 +266,7 @@ void KestalDetailViewController::selectCategoryRow(int row)
 void KestalDetailViewController::categoryStateChanged(int categoryIndex)
 {
     Q_UNUSED(categoryIndex);
+    propagateSelection();
     updateTopCategorySelectBtnStatus();
     updateTopDetailSelectBtnStatus();
     emit selectionChanged();
@@ -267,7 +275,7 @@ void KestalDetailViewController::categoryStateChanged(int categoryIndex)
 void KestalDetailViewController::updateAllDetailStatusAction()
 {
     const QList<Category> &categories = AppModuleService::categoriesOf(m_moduleIndex);
-    if (m_tableViewRow >= categories.size())
+    if (m_tableViewRow < 0 || m_tableViewRow >= categories.size())
         return;
     // A mixed or empty box turns on; a full one off.
     KestalTopDetailLeftTableView::setCategoryState(
@@ -280,23 +288,24 @@ void KestalDetailViewController::updateAllDetailStatusAction()
 int KestalDetailViewController::allCategoriesState() const
 {
     const QList<Category> categories = shownModuleCategories();
+    const QList<int> inView = m_categories->categoriesInView();
     int on = 0;
-    for (const Category &c : categories) {
-        if (c.state == -1)
+    for (int ci : inView) {
+        if (categories[ci].state == -1)
             return -1;
-        on += c.state;
+        on += categories[ci].state;
     }
     if (on == 0)
         return 0;
-    return on == categories.size() ? 1 : -1;
+    return on == inView.size() ? 1 : -1;
 }
 
 void KestalDetailViewController::updateAllCategoryStatusAction()
 {
-    // Over every category of the module, shown or not: a mixed or empty
-    // box turns all on, a full one all off.
+    // Over every category of the module (of the kind on review), found by
+    // the search or not: a mixed or empty box turns all on, a full one all off.
     const int state = allCategoriesState() == 1 ? 0 : 1;
-    for (int ci = 0; ci < shownModuleCategories().size(); ++ci)
+    for (int ci : m_categories->categoriesInView())
         KestalTopDetailLeftTableView::setCategoryState(m_moduleIndex, ci, state);
     m_categories->allCategoriesChanged();
     m_files->checksChanged();
@@ -310,13 +319,15 @@ void KestalDetailViewController::updateTopCategorySelectBtnStatus()
     m_allCategory->setCheckState(checkStateOf(state));
     m_allCategory->setText(state == 1 ? getLocalizedString(QStringLiteral("Deselect All"))
                                       : getLocalizedString(QStringLiteral("Select All")));
-    m_allCategory->setEnabled(!shownModuleCategories().isEmpty());
+    m_allCategory->setEnabled(!m_categories->categoriesInView().isEmpty());
 }
 
 void KestalDetailViewController::updateTopDetailSelectBtnStatus()
 {
     const QList<Category> categories = shownModuleCategories();
-    const int state = m_tableViewRow < categories.size() ? categories[m_tableViewRow].state : 0;
+    const int state = m_tableViewRow >= 0 && m_tableViewRow < categories.size()
+                          ? categories[m_tableViewRow].state
+                          : 0;
     m_allDetail->setTristate(state == -1);
     m_allDetail->setCheckState(checkStateOf(state));
     m_allDetail->setText(state == 1 ? getLocalizedString(QStringLiteral("Deselect All"))
@@ -332,8 +343,11 @@ void KestalDetailViewController::updateRightTopDescInfo()
         current = current.parent();
     const FolderInfoPtr file = m_files->fileAt(current);
     if (!file) {
-        m_rightTitle->setText(getLocalizedString(QStringLiteral("Empty")));
-        m_rightDesc->setFullText(QString());
+        m_rightTitle->setText(m_files->emptyRowText());
+        const std::optional<Category> &placeholder = m_categories->placeholder();
+        m_rightDesc->setFullText(m_categories->showsPlaceholder()
+                                     ? getLocalizedString(placeholder->description)
+                                     : QString());
         return;
     }
     m_rightTitle->setText(file->name);
@@ -365,8 +379,7 @@ void KestalDetailViewController::categorySort(const QString &sortDirection, cons
     m_categories->sort(sortDirection, sortby);
     m_filling = false;
     // The first row of the new order is the one shown.
-    const int first = m_categories->categoryAt(0);
-    showCategory(first < 0 ? 0 : first);
+    showFirstRow();
 }
 
 void KestalDetailViewController::searchDetaiAction()
@@ -382,8 +395,7 @@ void KestalDetailViewController::searchDetaiAction()
         m_categories->searchFiles(QString());
     }
     m_filling = false;
-    const int first = m_categories->categoryAt(0);
-    showCategory(first < 0 ? 0 : first);
+    showFirstRow();
 }
 
 void KestalDetailViewController::backAction()

@@ -8,6 +8,7 @@ class ElidedLabel;
 class KestalTopDetailLeftTableView;
 class KestalTopDetailRigthOutlineView;
 class QCheckBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QModelIndex;
@@ -26,7 +27,7 @@ public:
     explicit KestalDetailViewController(int moduleIndex, QWidget *parent = nullptr);
 
     // Lists the module's categories afresh (on entering the review).
-    void reloadData();
+    virtual void reloadData();
     // A category was chosen: its files fill the right pane.
     void clickEvent(int cateNum);
     void updateAllDetailStatusAction();
@@ -60,6 +61,13 @@ signals:
 
 protected:
     void reloadTexts() override;
+    // After a tick, before the boxes and the bar read the states: a module
+    // whose nodes stand in several categories brings the others up to date.
+    virtual void propagateSelection() {}
+    // The row above the panes (back button, search field), for a module's own controls.
+    QHBoxLayout *topRow() const { return m_top; }
+    // Shows the first row of the left pane (a category, or the placeholder).
+    void showFirstRow();
 
 private:
     // Shows the chosen category's files and sets the header and both boxes.
@@ -91,4 +99,5 @@ private:
     ElidedLabel *m_rightDesc;
     QCheckBox *m_allDetail;
     QPushButton *m_back;
+    QHBoxLayout *m_top;
 };

@@ -129,6 +129,11 @@ KestalRightBottomViewController::KestalRightBottomViewController(int moduleIndex
     changeViewStatus(viewStatus::overview);
 }
 
+bool KestalRightBottomViewController::canScan() const
+{
+    return m_cateCount > 0 || KestalService::hasOwnScan(m_moduleIndex);
+}
+
 void KestalRightBottomViewController::reloadTexts()
 {
     applyStyles();
@@ -218,8 +223,11 @@ QString KestalRightBottomViewController::statusText() const
     case viewStatus::cleandone:
     case viewStatus::showLog: {
         const auto [size, number] = KestalService::cleanTotalSizeAndNumber().value(m_moduleIndex);
+        const QString items = number == 1
+                                  ? getLocalizedString(QStringLiteral("1 item"))
+                                  : getLocalizedString(QStringLiteral("%1 items")).arg(number);
         return getLocalizedString(QStringLiteral("Cleaned: ")) + byteString(size) +
-               QStringLiteral(", ") + getLocalizedString(QStringLiteral("%1 items")).arg(number);
+               QStringLiteral(", ") + items;
     }
     default:
         return canScan() ? QString()
@@ -302,19 +310,28 @@ void KestalRightBottomViewController::startScan()
 {
     QPointer<KestalRightBottomViewController> bar(this);
     const int cateCount = m_cateCount;
+    const bool ownScan = KestalService::hasOwnScan(m_moduleIndex);
+    auto accumulated = std::make_shared<float>(0.0f);
     KestalService::scan(
         m_moduleIndex,
         [bar](const QString &path, qint64 size) {
             if (bar)
                 bar->updateScanningProgress(path, size);
         },
-        [bar](float percent) {
-            if (bar)
-                bar->updateScanningPercent(percent);
+        [bar, ownScan, accumulated](float percent) {
+            if (!bar)
+                return;
+            // A scan of the module's own reports steps, fractions of the whole;
+            // the category loop reports the category's percent so far.
+            if (ownScan)
+                percent = *accumulated = qMin(100.0f, *accumulated + percent * 100.0f);
+            bar->updateScanningPercent(percent);
         },
         [bar, cateCount](int categoryIndex) {
+            // A scan of the module's own reports its end as -1.
             if (bar)
-                bar->updateScanningDone(categoryIndex, cateCount);
+                bar->updateScanningDone(categoryIndex < 0 ? cateCount - 1 : categoryIndex,
+                                        cateCount);
         });
 }
 
@@ -384,7 +401,8 @@ void KestalRightBottomViewController::showCategoryOnScan(int categoryIndex)
         AppModuleService::appModules().at(m_moduleIndex).categories.value_or(QList<Category>());
     m_shownPercent = 0;
     topChild()->updateProgress(0);
-    if (categoryIndex < categories.size())
+    // A scan of the module's own does not go category by category.
+    if (categoryIndex < categories.size() && !KestalService::hasOwnScan(m_moduleIndex))
         topChild()->updateDescription(categories.at(categoryIndex).title);
 }
 
@@ -500,12 +518,17 @@ void KestalRightBottomViewController::detailViewCleanAction()
                                    installFailureReason(bar->m_moduleIndex),
                                true);
         });
-    const int module = m_moduleIndex;
-    Dispatch::globalAsync(
-        [module, recorder] { KestalModuleCleanService::analysisModule(module, recorder); });
+    runClean(recorder);
     FabricController::fabric(
         FabricEvent::cleanButton,
         FabricEvent::getCleanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::runClean(const std::shared_ptr<KestalCleanProtocol> &recorder)
+{
+    const int module = m_moduleIndex;
+    Dispatch::globalAsync(
+        [module, recorder] { KestalModuleCleanService::analysisModule(module, recorder); });
 }
 
 void KestalRightBottomViewController::cleanSingleCateDone(int ci, int status, int number,

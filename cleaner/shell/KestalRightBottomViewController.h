@@ -2,6 +2,9 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+#include <memory>
+
+class KestalCleanProtocol;
 class KestalCleaningViewAndLogViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -21,12 +24,13 @@ public:
     int moduleIndex() const { return m_moduleIndex; }
     QString tab() const { return m_tab; }
     viewStatus status() const { return m_status; }
-    // Whether the module has a scan the bar can start yet.
-    bool canScan() const { return m_cateCount > 0; }
+    // Whether the module has a scan the bar can start yet: categories to
+    // fill, or a scan of its own.
+    bool canScan() const;
 
     // Sets every widget of the bar from the state. Styles are not touched:
     // they change only with the language (applyStyles).
-    void changeViewStatus(viewStatus status);
+    virtual void changeViewStatus(viewStatus status);
     // How often the buttons' styles were applied: once at the start and once
     // per change of language, never per report of a scan.
     int styleApplications() const { return m_styleApplications; }
@@ -46,7 +50,7 @@ public:
     // Resets the module's clean counters before a run.
     static void handleClean(int modelIndex);
     void cleanSingleCateDone(int ci, int status, int number, qint64 size);
-    void cleanDone(bool success, qint64 size, int number);
+    virtual void cleanDone(bool success, qint64 size, int number);
 
     void updateScanningPercent(float percent);
     void updateScanningProgress(const QString &path, qint64 size);
@@ -84,6 +88,9 @@ protected:
     void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
+    // Runs the clean of the review's selection on a worker; each report goes
+    // to `recorder`.
+    virtual void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder);
     // Whether the result page offers the review (Auto Cleanup cleans from it).
     virtual bool hasReview() const { return true; }
     bool isOnScreen() const;

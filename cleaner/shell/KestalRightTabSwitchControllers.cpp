@@ -4,6 +4,8 @@
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
+#include "cleaner/shell/KestalFinderBottomViewControllers.h"
+#include "cleaner/shell/KestalFinderDetailViewControllers.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -22,7 +24,9 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         m_overViews.insert(i, overView);
         auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
-        auto *detail = new KestalDetailViewController(i, this);
+        KestalDetailViewController *detail = KestalFinderDetailViewControllers::create(i, this);
+        if (!detail)
+            detail = new KestalDetailViewController(i, this);
         m_cleanings.insert(i, cleaning);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.
@@ -101,6 +105,8 @@ KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
         // Auto Cleanup, module 0, runs the junk modules through a bar of its own.
         if (i == 0)
             addWidget(new KestalAutoCleanupBottomViewController(split, this));
+        else if (auto *finder = KestalFinderBottomViewControllers::create(i, split, this))
+            addWidget(finder);
         else
             addWidget(new KestalRightBottomViewController(i, split, this));
     }

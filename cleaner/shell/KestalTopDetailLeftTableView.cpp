@@ -30,6 +30,8 @@ QList<int> KestalTopDetailLeftTableView::filteredAndSorted() const
     const QList<Category> &categories = categoriesOf(m_moduleIndex);
     QList<int> order;
     for (int ci = 0; ci < categories.size(); ++ci) {
+        if (m_keep && !m_keep(categories[ci]))
+            continue;
         if (m_keywords.isEmpty() ||
             getLocalizedString(categories[ci].title).contains(m_keywords, Qt::CaseInsensitive))
             order.append(ci);
@@ -100,9 +102,29 @@ void KestalTopDetailLeftTableView::allCategoriesChanged()
                          {Qt::CheckStateRole});
 }
 
+QList<int> KestalTopDetailLeftTableView::categoriesInView() const
+{
+    const QList<Category> &categories = categoriesOf(m_moduleIndex);
+    QList<int> inView;
+    for (int ci = 0; ci < categories.size(); ++ci) {
+        if (!m_keep || m_keep(categories[ci]))
+            inView.append(ci);
+    }
+    return inView;
+}
+
+void KestalTopDetailLeftTableView::setPlaceholder(std::optional<Category> placeholder)
+{
+    beginResetModel();
+    m_placeholder = std::move(placeholder);
+    endResetModel();
+}
+
 int KestalTopDetailLeftTableView::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    if (parent.isValid())
+        return 0;
+    return showsPlaceholder() ? 1 : int(m_rows.size());
 }
 
 int KestalTopDetailLeftTableView::columnCount(const QModelIndex &parent) const
@@ -114,9 +136,10 @@ QVariant KestalTopDetailLeftTableView::data(const QModelIndex &index, int role) 
 {
     const int ci = categoryAt(index.row());
     const QList<Category> &categories = categoriesOf(m_moduleIndex);
-    if (ci < 0 || ci >= categories.size())
+    const bool placeholder = showsPlaceholder() && index.row() == 0;
+    if (!placeholder && (ci < 0 || ci >= categories.size()))
         return {};
-    const Category &c = categories[ci];
+    const Category &c = placeholder ? *m_placeholder : categories[ci];
     if (role == categoryRole)
         return ci;
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
@@ -124,12 +147,16 @@ QVariant KestalTopDetailLeftTableView::data(const QModelIndex &index, int role) 
                                              : KestalSuperViewController::byteString(c.size);
     if (index.column() != titleColumn)
         return {};
-    if (role == Qt::CheckStateRole)
+    if (role == Qt::CheckStateRole && !placeholder)
         return c.state == 1 ? Qt::Checked : c.state == -1 ? Qt::PartiallyChecked : Qt::Unchecked;
     if (role == Qt::DecorationRole) {
-        auto found = m_icons.find(c.image);
+        const bool real = m_isRealImage && !placeholder && !c.files.isEmpty();
+        const QString name = real ? c.files.first()->iconName() : c.image;
+        auto found = m_icons.find(name);
         if (found == m_icons.end())
-            found = m_icons.insert(c.image, ImageStore::icon(c.image));
+            found =
+                m_icons.insert(name, real ? ImageStore::themeIcon(name, QStringLiteral("Document"))
+                                          : ImageStore::icon(name));
         return *found;
     }
     return {};
@@ -150,7 +177,7 @@ bool KestalTopDetailLeftTableView::setData(const QModelIndex &index, const QVari
 Qt::ItemFlags KestalTopDetailLeftTableView::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags f = QAbstractTableModel::flags(index);
-    if (index.isValid() && index.column() == titleColumn)
+    if (index.isValid() && index.column() == titleColumn && !showsPlaceholder())
         f |= Qt::ItemIsUserCheckable;
     return f;
 }

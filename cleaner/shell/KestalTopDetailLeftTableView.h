@@ -1,8 +1,12 @@
 #pragma once
 
+#include "cleaner/core/ModuleTypes.h"
+
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QIcon>
+#include <functional>
+#include <optional>
 
 // The review's categories as a model: title, size and tick box of each
 // category of one module, filtered by a search and in the chosen order. A
@@ -28,11 +32,27 @@ public:
     QString sortby() const { return m_sortby; }
     // The category index shown in a row, -1 for none; the row of a category, -1 when hidden.
     int categoryAt(int row) const { return m_rows.value(row, -1); }
-    int rowOf(int categoryIndex) const { return int(m_rows.indexOf(categoryIndex)); }
+    int rowOf(int categoryIndex) const
+    {
+        return showsPlaceholder() && categoryIndex < 0 ? 0 : int(m_rows.indexOf(categoryIndex));
+    }
     // A category's state or size changed elsewhere: its row is drawn again.
     void categoryChanged(int categoryIndex);
     // Every category's state changed.
     void allCategoriesChanged();
+
+    // Shows only the categories that pass (a review by kind); an empty
+    // function shows all. Takes effect with the next reloadData.
+    void setFilter(std::function<bool(const Category &)> keep) { m_keep = std::move(keep); }
+    // The categories that pass the filter, whatever the search.
+    QList<int> categoriesInView() const;
+    // The row shown, without a tick box, when no category passes.
+    void setPlaceholder(std::optional<Category> placeholder);
+    const std::optional<Category> &placeholder() const { return m_placeholder; }
+    bool showsPlaceholder() const { return m_rows.isEmpty() && m_placeholder.has_value(); }
+    // Each category drawn with the type icon of its first file, as groups of
+    // copies are, in place of its named image.
+    void setIsRealImage(bool on) { m_isRealImage = on; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -55,5 +75,8 @@ private:
     QString m_keywords;
     QString m_sortDirection = QStringLiteral("descending");
     QString m_sortby; // empty: the module table's order
+    std::function<bool(const Category &)> m_keep;
+    std::optional<Category> m_placeholder;
+    bool m_isRealImage = false;
     mutable QHash<QString, QIcon> m_icons;
 };

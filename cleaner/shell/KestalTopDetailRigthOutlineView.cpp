@@ -6,6 +6,7 @@
 #include "cleaner/shell/KestalSuperViewController.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <numeric>
 #include <sys/stat.h>
@@ -151,6 +152,11 @@ void KestalTopDetailRigthOutlineView::checksChanged()
     }
 }
 
+QString KestalTopDetailRigthOutlineView::emptyRowText() const
+{
+    return getLocalizedString(m_emptyRowText);
+}
+
 QModelIndex KestalTopDetailRigthOutlineView::index(int row, int column,
                                                    const QModelIndex &parent) const
 {
@@ -236,11 +242,14 @@ QVariant KestalTopDetailRigthOutlineView::data(const QModelIndex &index, int rol
         return child ? index.row() : -1;
     if (!file) {
         if (role == Qt::DisplayRole && index.column() == nameColumn)
-            return getLocalizedString(QStringLiteral("Empty"));
+            return emptyRowText();
         return {};
     }
     switch (role) {
     case Qt::DisplayRole:
+        if (index.column() == nameColumn && m_showsFolder && !child)
+            return QString(file->name + QStringLiteral("  \u2014  ") +
+                           QFileInfo(file->url.toLocalFile()).path());
         if (index.column() == nameColumn)
             return file->name;
         if (index.column() == sizeColumn)

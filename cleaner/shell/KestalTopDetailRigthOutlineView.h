@@ -37,6 +37,12 @@ public:
     // The node of a row, null for the empty row.
     FolderInfoPtr fileAt(const QModelIndex &index) const;
     bool isEmptyList() const { return m_files.isEmpty(); }
+    // Each file's row also names its folder, for lists of files that share
+    // a name (the copies of a duplicate group).
+    void setShowsFolder(bool on) { m_showsFolder = on; }
+    // The text of the one row an empty list shows ("Empty" unless set).
+    void setEmptyRowText(const QString &key) { m_emptyRowText = key; }
+    QString emptyRowText() const;
     // The check state of every row changed (a select-all): one signal for
     // the files and one for the children of each file that has any.
     void checksChanged();
@@ -71,6 +77,8 @@ private:
     QList<int> m_rowOfFile; // file position -> row
     QString m_sortDirection = QStringLiteral("descending");
     QString m_sortby = QStringLiteral("size");
+    QString m_emptyRowText = QStringLiteral("Empty");
+    bool m_showsFolder = false;
     mutable QHash<QString, QIcon> m_icons;
     // Links are seen when their row is first drawn, not while the list is built.
     mutable QHash<const FolderInfo *, QString> m_linkTargets;

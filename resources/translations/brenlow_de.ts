@@ -900,4 +900,27 @@
             <translation>%1 optimieren</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Einstellungen</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Duplikatsuche…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Ordner wählen…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Ordner: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Ordner für die Duplikatsuche wählen</translation>
+        </message>
+    </context>
 </TS>

@@ -900,4 +900,27 @@
             <translation>Optimize %1</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuration</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Duplicate Finder…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Choose Folder…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Folder: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Choose the folder to search for duplicates</translation>
+        </message>
+    </context>
 </TS>

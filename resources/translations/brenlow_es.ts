@@ -900,4 +900,27 @@
             <translation>Optimizar %1</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuración</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Buscador de duplicados…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Elegir carpeta…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Carpeta: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Elija la carpeta en la que buscar duplicados</translation>
+        </message>
+    </context>
 </TS>

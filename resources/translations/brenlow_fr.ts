@@ -900,4 +900,27 @@
             <translation>Optimiser %1</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuration</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>Recherche de doublons…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>Choisir un dossier…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>Dossier : </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>Choisissez le dossier où chercher les doublons</translation>
+        </message>
+    </context>
 </TS>

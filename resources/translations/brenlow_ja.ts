@@ -900,4 +900,27 @@
             <translation>%1を最適化</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>設定</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>重複ファイル検索…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>フォルダを選択…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>フォルダ: </translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>重複ファイルを探すフォルダを選択</translation>
+        </message>
+    </context>
 </TS>

@@ -900,4 +900,27 @@
             <translation>最佳化 %1</translation>
         </message>
     </context>
+    <context>
+        <name>Finders</name>
+        <message>
+            <source>Configuration</source>
+            <translation>設定</translation>
+        </message>
+        <message>
+            <source>Duplicate Finder…</source>
+            <translation>重複檔案搜尋…</translation>
+        </message>
+        <message>
+            <source>Choose Folder…</source>
+            <translation>選擇資料夾…</translation>
+        </message>
+        <message>
+            <source>Folder: </source>
+            <translation>資料夾：</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for duplicates</source>
+            <translation>選擇要搜尋重複檔案的資料夾</translation>
+        </message>
+    </context>
 </TS>

@@ -5,36 +5,24 @@
 //
 //   brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR [LANGUAGE...]
 #include "cleaner/core/AppModuleService.h"
-#include "cleaner/core/UserDefaults.h"
-#include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
-#include "cleaner/shell/Workspace.h"
+#include "cleaner/shell/tools/ScreenshotSession.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QMainWindow>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTextStream>
-#include <QThread>
-#include <QTimer>
 #include <QTreeWidget>
 
 namespace {
-
-void settle()
-{
-    for (int i = 0; i < 5; ++i)
-        QApplication::processEvents();
-}
 
 QString fileStem(const QString &title)
 {
@@ -44,35 +32,6 @@ QString fileStem(const QString &title)
 }
 
 using viewStatus = KestalSuperViewController::viewStatus;
-
-// Waits, running the event loop, until the module reaches the state.
-bool waitFor(const QString &tab, viewStatus status)
-{
-    QElapsedTimer waited;
-    waited.start();
-    while (waited.elapsed() < 60000) {
-        if (KestalSuperViewController::currentStatus(tab) == status)
-            return true;
-        QApplication::processEvents();
-        QThread::msleep(5);
-    }
-    QTextStream(stderr) << tab << ": the state never came\n";
-    return false;
-}
-
-// Presses the default button of the next question the screens ask.
-void confirmNextQuestion()
-{
-    auto *poll = new QTimer;
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-            poll->deleteLater();
-            box->defaultButton()->click();
-        }
-    });
-    poll->start();
-}
 
 class WorkflowShots {
 public:
@@ -172,13 +131,9 @@ int main(int argc, char *argv[])
         args.size() > 1 ? args.mid(1) : QStringList{QStringLiteral("en"), QStringLiteral("ja")};
     QDir().mkpath(out);
 
-    // No page opens while the pictures are made.
-    Workspace::setOpenerForTesting([](const QUrl &) { return true; });
-    UserDefaults::setValue(QStringLiteral("HasLaunchedOnce"), true);
-    AppDelegate delegate;
-    delegate.applicationDidFinishLaunching();
-    QMainWindow *window = delegate.mainWindow();
-    window->resize(1080, 680);
+    ScreenshotSession session;
+    AppDelegate &delegate = session.delegate;
+    QMainWindow *window = session.window;
     settle();
     KestalRootViewController *root = KestalRootViewController::rootOf(window);
     const qreal scale = window->devicePixelRatioF();

@@ -1,9 +1,7 @@
 // Renders the tray's status panel and Auto Cleanup's dashboard to PNG files
 // (scripts/status-screenshots), over this machine's figures.
-#include "cleaner/core/UserDefaults.h"
-#include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalStatusViewController.h"
-#include "cleaner/shell/Workspace.h"
+#include "cleaner/shell/tools/ScreenshotSession.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,7 +12,7 @@
 namespace {
 
 // Lets layouts, timers' first draws and the window manager settle.
-void settle()
+void settleLonger()
 {
     QElapsedTimer t;
     t.start();
@@ -40,18 +38,14 @@ int main(int argc, char *argv[])
     }
     const QString out = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(out);
-    Workspace::setOpenerForTesting([](const QUrl &) { return true; });
-    UserDefaults::setValue(QStringLiteral("HasLaunchedOnce"), true);
-    AppDelegate delegate;
-    delegate.applicationDidFinishLaunching();
-    QMainWindow *window = delegate.mainWindow();
-    window->resize(1080, 680);
-    settle();
+    ScreenshotSession session;
+    QMainWindow *window = session.window;
+    settleLonger();
     save(window, out + QStringLiteral("/en-auto-cleanup-dashboard.png"));
 
     KestalStatusViewController panel;
     panel.showBeside(QRect(900, 0, 22, 22));
-    settle();
+    settleLonger();
     save(&panel, out + QStringLiteral("/en-status-panel.png"));
     return 0;
 }
