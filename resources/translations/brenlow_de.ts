@@ -844,4 +844,20 @@
             <translation>Dateien mit ***kb oder weniger als dem folgenden Wert werden automatisch übersprungen.</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>Daten werden geordnet</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>Es gibt keine ähnlichen Bilder</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Bild</translation>
+        </message>
+    </context>
 </TS>

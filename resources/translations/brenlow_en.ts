@@ -844,4 +844,20 @@
             <translation>File in ***kb smaller than the below value will be automatically skipped.</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organize Data</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>There are no files available for deduplication</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Picture</translation>
+        </message>
+    </context>
 </TS>

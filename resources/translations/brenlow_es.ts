@@ -844,4 +844,20 @@
             <translation>Los archivos de ***kb menores que el valor siguiente se omitirán automáticamente.</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organizando datos</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>No hay imágenes similares</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Imagen</translation>
+        </message>
+    </context>
 </TS>

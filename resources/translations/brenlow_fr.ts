@@ -844,4 +844,20 @@
             <translation>Les fichiers de ***ko inférieurs à la valeur ci-dessous seront ignorés automatiquement.</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organisation des données</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>Il n'y a aucune image similaire</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Image</translation>
+        </message>
+    </context>
 </TS>

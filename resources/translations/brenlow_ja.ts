@@ -844,4 +844,20 @@
             <translation>下の値より小さい ***kb のファイルは自動的にスキップされます。</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>データを整理中</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>類似画像はありません</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>画像</translation>
+        </message>
+    </context>
 </TS>

@@ -844,4 +844,20 @@
             <translation>小於下方數值的 ***kb 檔案將自動略過。</translation>
         </message>
     </context>
+    <!-- Similar images -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>Organize Data</source>
+            <translation>正在整理資料</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>沒有相似的圖片</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>圖片</translation>
+        </message>
+    </context>
 </TS>
