@@ -16,6 +16,7 @@
 #include <QMimeDatabase>
 #include <algorithm>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -126,9 +127,16 @@ std::optional<QByteArray> SimilarService::pictureContents(const QByteArray &file
 {
     if (!isPictureName(filePath))
         return std::nullopt;
-    const int fd = ::open(filePath.constData(), O_RDONLY | O_CLOEXEC);
+    // Not blocking, so a pipe that carries a picture's name cannot hold the
+    // scan; only a regular file (or a link to one) has contents to read.
+    const int fd = ::open(filePath.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0)
         return std::nullopt;
+    struct stat st;
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        return std::nullopt;
+    }
     QFile file;
     if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         ::close(fd);
@@ -162,7 +170,10 @@ QByteArrayList SimilarService::walk(const QByteArray &root)
                 DirectoryEnumerator::create(entry, DirectoryEnumerator::SkipsPackageDescendants |
                                                        DirectoryEnumerator::SkipsHiddenFiles);
             if (e) {
+                unsigned count = 0;
                 while (e->next()) {
+                    if ((++count & 255) == 0 && KestalService::judgeStopScan(moduleIndex))
+                        return pictures;
                     if (!similarFilter(e->path())) {
                         e->skipDescendants();
                         continue;

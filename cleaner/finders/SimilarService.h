@@ -54,7 +54,8 @@ public:
     // The same test, giving the contents that proved it (read once for the hash).
     static std::optional<QByteArray> pictureContents(const QByteArray &filePath);
 
-    // The pictures under root that the walk queues for hashing, in walk order.
+    // The pictures under root that the walk queues for hashing, in walk order
+    // (what it found so far when the module is stopped).
     static QByteArrayList walk(const QByteArray &root);
     // The groups of a finished hashing stage, without the stop test.
     static Result groups(const Data &data, BKTreeService &bkTree);

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QtTest>
+#include <sys/stat.h>
 
 namespace {
 
@@ -247,19 +248,24 @@ private slots:
         QTest::newRow("mixed case") << "a.Jpg" << false;
         QTest::newRow("gif") << "a.gif" << false;
         QTest::newRow("folder") << "album.png/" << false;
+        QTest::newRow("pipe") << "pipe.png|" << false;
     }
     void checkPicture()
     {
         QFETCH(QString, name);
         QFETCH(bool, passes);
         QTemporaryDir dir;
-        const QString path = dir.filePath(name);
-        if (name.endsWith('/'))
+        // A last '/' makes a folder, a last '|' a pipe, of the name before it.
+        const QChar kind = name.back();
+        const QString path = dir.filePath(kind == '/' || kind == '|' ? name.chopped(1) : name);
+        const QByteArray bytes = QFile::encodeName(path);
+        if (kind == '/')
             QVERIFY(QDir().mkpath(path));
+        else if (kind == '|')
+            QCOMPARE(::mkfifo(bytes.constData(), 0600), 0);
         else
             QVERIFY(QFile(path).open(QIODevice::WriteOnly));
-        QCOMPARE(SimilarService::checkPicture(QFile::encodeName(dir.filePath(name.remove('/')))),
-                 passes);
+        QCOMPARE(SimilarService::checkPicture(bytes), passes);
     }
 
     // Files are "path=picture" under the root (a folder of the home); the
