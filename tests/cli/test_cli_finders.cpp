@@ -1,4 +1,4 @@
-#include "TestPaths.h"
+#include "support/CliProcess.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
@@ -7,32 +7,15 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QtTest>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QByteArray out;
-};
-
-Run cli(const TestEnvironment &env, const QStringList &args)
+QByteArray bytes(const QString &path)
 {
-    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-    e.insert("BRENLOW_PLATFORM", "linux");
-    e.insert("BRENLOW_ROOT", env.root());
-    e.insert("BRENLOW_RESOURCES", env.resources());
-    e.insert("HOME", env.home());
-    QProcess p;
-    p.setProcessEnvironment(e);
-    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), args);
-    if (!p.waitForFinished(120000))
-        qFatal("brenlow-cli did not finish");
-    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-               p.readAllStandardOutput()};
+    return QFile::encodeName(path);
 }
 
 QStringList pathsOf(const QJsonObject &category)
@@ -57,8 +40,9 @@ private slots:
         TreeBuilder tree;
         const QString a = tree.file("a/x", 5000), b = tree.file("b/x", 5000),
                       c = tree.file("c/x", 5000), other = tree.file("other/y", 6000);
-        const QStringList where{"--path", tree.root(), "--min-size", "0"};
-        const Run scan = cli(env, QStringList{"scan", "Duplicates", "--json"} + where);
+        const QByteArrayList where{"--path", bytes(tree.root()), "--min-size", "0"};
+        const auto scan =
+            CliProcess::run(env, QByteArrayList{"scan", "Duplicates", "--json"} + where);
         QCOMPARE(scan.exitCode, 0);
         const QJsonArray groups =
             QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
@@ -66,8 +50,9 @@ private slots:
         QCOMPARE(pathsOf(groups.first().toObject()), (QStringList{a, b, c}));
         QCOMPARE(groups.first().toObject().value("size").toInteger(), 15000);
 
-        const Run clean =
-            cli(env, QStringList{"clean", "Duplicates", "--select", a, b, "--yes"} + where);
+        const auto clean = CliProcess::run(
+            env,
+            QByteArrayList{"clean", "Duplicates", "--select", bytes(a), bytes(b), "--yes"} + where);
         QCOMPARE(clean.exitCode, 0);
         QVERIFY(!QFile::exists(a) && !QFile::exists(b));
         QVERIFY(QFile::exists(c) && QFile::exists(other));
@@ -75,23 +60,24 @@ private slots:
 
     void finderOptionsRefuseBadInput_data()
     {
-        QTest::addColumn<QStringList>("args");
-        QTest::newRow("fraction") << QStringList{"scan", "Duplicates", "--min-size", "1.5"};
+        QTest::addColumn<QByteArrayList>("args");
+        QTest::newRow("fraction") << QByteArrayList{"scan", "Duplicates", "--min-size", "1.5"};
         QTest::newRow("missing folder")
-            << QStringList{"scan", "Duplicates", "--path", "/nowhere/x"};
-        QTest::newRow("other module") << QStringList{"scan", "Trash Bin", "--min-size", "4"};
-        QTest::newRow("no value") << QStringList{"scan", "Duplicates", "--path"};
-        QTest::newRow("threshold 0") << QStringList{"scan", "Similar Images", "--threshold", "0"};
+            << QByteArrayList{"scan", "Duplicates", "--path", "/nowhere/x"};
+        QTest::newRow("other module") << QByteArrayList{"scan", "Trash Bin", "--min-size", "4"};
+        QTest::newRow("no value") << QByteArrayList{"scan", "Duplicates", "--path"};
+        QTest::newRow("threshold 0")
+            << QByteArrayList{"scan", "Similar Images", "--threshold", "0"};
         QTest::newRow("threshold of duplicates")
-            << QStringList{"scan", "Duplicates", "--threshold", "2"};
+            << QByteArrayList{"scan", "Duplicates", "--threshold", "2"};
         QTest::newRow("size of similar")
-            << QStringList{"scan", "Similar Images", "--min-size", "2"};
+            << QByteArrayList{"scan", "Similar Images", "--min-size", "2"};
     }
     void finderOptionsRefuseBadInput()
     {
-        QFETCH(QStringList, args);
+        QFETCH(QByteArrayList, args);
         TestEnvironment env;
-        QCOMPARE(cli(env, args).exitCode, 1);
+        QCOMPARE(CliProcess::run(env, args).exitCode, 1);
     }
 
     // A large old file shows in two categories and goes once.
@@ -108,7 +94,7 @@ private slots:
                                           {time(nullptr) - twoYears, 0}};
             utimensat(AT_FDCWD, QFile::encodeName(p).constData(), t, 0);
         }
-        const Run scan = cli(env, {"scan", "Large and Old Files", "--json"});
+        const auto scan = CliProcess::run(env, {"scan", "Large and Old Files", "--json"});
         QCOMPARE(scan.exitCode, 0);
         const QJsonArray categories =
             QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
@@ -116,8 +102,8 @@ private slots:
         QCOMPARE(pathsOf(categories[0].toObject()), QStringList{big});
         QCOMPARE(pathsOf(categories[2].toObject()), (QStringList{big, small}));
 
-        const Run clean =
-            cli(env, {"clean", "Large and Old Files", "--select", big, "--yes", "--json"});
+        const auto clean = CliProcess::run(
+            env, {"clean", "Large and Old Files", "--select", bytes(big), "--yes", "--json"});
         QCOMPARE(clean.exitCode, 0);
         QCOMPARE(QJsonDocument::fromJson(clean.out).object().value("number").toInt(), 1);
         QVERIFY(!QFile::exists(big));
@@ -140,9 +126,10 @@ private slots:
             pictures << tree.path(QString("p%1.png").arg(pictures.size()));
             QVERIFY(image.save(pictures.last()));
         }
-        const auto groupOf = [&](const QString &threshold) {
-            const Run scan = cli(env, {"scan", "Similar Images", "--path", tree.root(),
-                                       "--threshold", threshold, "--json"});
+        const auto groupOf = [&](const QByteArray &threshold) {
+            const auto scan =
+                CliProcess::run(env, {"scan", "Similar Images", "--path", bytes(tree.root()),
+                                      "--threshold", threshold, "--json"});
             const QJsonArray groups =
                 QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
             return scan.exitCode == 0 && groups.size() == 1 ? pathsOf(groups.first().toObject())
@@ -151,8 +138,9 @@ private slots:
         QCOMPARE(groupOf("1"), pictures.mid(0, 2));
         QCOMPARE(groupOf("3"), pictures.mid(0, 3));
 
-        const Run clean = cli(env, {"clean", "Similar Images", "--path", tree.root(), "--select",
-                                    pictures[1], pictures[2], "--yes"});
+        const auto clean =
+            CliProcess::run(env, {"clean", "Similar Images", "--path", bytes(tree.root()),
+                                  "--select", bytes(pictures[1]), bytes(pictures[2]), "--yes"});
         QCOMPARE(clean.exitCode, 0);
         QVERIFY(!QFile::exists(pictures[1]) && !QFile::exists(pictures[2]));
         QVERIFY(QFile::exists(pictures[0]) && QFile::exists(pictures[3]));
