@@ -41,6 +41,7 @@ int CliCommands::usage(const QString &reason)
                "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
                "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
                "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
+               "       brenlow-cli scan|clean \"Similar Images\" [--path DIR] [--threshold N] ...\n"
                "       brenlow-cli status [--json] [--watch SECONDS]\n",
                stderr);
     return 1;

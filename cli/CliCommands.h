@@ -67,8 +67,9 @@ public:
     struct FinderOptions {
         std::optional<QString> path;
         std::optional<qint64> minSize;
+        std::optional<qint64> threshold;
     };
-    // Takes --path DIR and --min-size KIB out of args.
+    // Takes --path DIR, --min-size KIB and --threshold N out of args.
     static bool takeFinderOptions(QStringList &args, FinderOptions *options, QString *error);
     static bool applyFinderOptions(int module, const FinderOptions &options, QString *error);
     static bool runFinderScan(int module);

@@ -1,8 +1,10 @@
-// The finders on the command line: the duplicate finder's root and size
-// limit, their scans, and what their cleans do differently.
+// The finders on the command line: the duplicate and similar image finders'
+// roots, the size limit and the similarity threshold, their scans, and what
+// their cleans do differently.
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/finders/DuplicateService.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
+#include "cleaner/finders/SimilarService.h"
 #include "cli/CliCommands.h"
 #include "cli/ProgressBar.h"
 
@@ -14,7 +16,8 @@ bool CliCommands::takeFinderOptions(QStringList &args, FinderOptions *options, Q
 {
     for (qsizetype i = 0; i < args.size();) {
         const QString option = args[i];
-        if (option != QLatin1String("--path") && option != QLatin1String("--min-size")) {
+        if (option != QLatin1String("--path") && option != QLatin1String("--min-size") &&
+            option != QLatin1String("--threshold")) {
             ++i;
             continue;
         }
@@ -31,6 +34,16 @@ bool CliCommands::takeFinderOptions(QStringList &args, FinderOptions *options, Q
                 return false;
             }
             options->path = QDir::cleanPath(folder.absoluteFilePath());
+        } else if (option == QLatin1String("--threshold")) {
+            // A threshold of 0 would stop the program at the first exact match.
+            bool ok = false;
+            const qint64 threshold = value.toLongLong(&ok);
+            if (!ok || threshold < 1) {
+                *error = QStringLiteral("--threshold: \"%1\" is not a whole number of 1 or more")
+                             .arg(value);
+                return false;
+            }
+            options->threshold = threshold;
         } else {
             qint64 kib = 0;
             if (!DuplicateService::isPurnInt(value, &kib)) {
@@ -46,16 +59,25 @@ bool CliCommands::takeFinderOptions(QStringList &args, FinderOptions *options, Q
 
 bool CliCommands::applyFinderOptions(int module, const FinderOptions &options, QString *error)
 {
-    if (!options.path && !options.minSize)
+    if (!options.path && !options.minSize && !options.threshold)
         return true;
-    if (module != DuplicateService::moduleIndex) {
-        *error = QStringLiteral("--path and --min-size are options of the duplicate finder");
+    const bool duplicates = module == DuplicateService::moduleIndex;
+    const bool similar = module == SimilarService::moduleIndex;
+    if (!duplicates && !similar) {
+        *error = QStringLiteral("--path is an option of the duplicate and similar image finders");
+        return false;
+    }
+    if ((options.minSize && !duplicates) || (options.threshold && !similar)) {
+        *error = QStringLiteral(
+            "--min-size is an option of the duplicate finder, --threshold of the similar one");
         return false;
     }
     if (options.path)
-        DuplicateService::path() = *options.path;
+        (duplicates ? DuplicateService::path() : SimilarService::path()) = *options.path;
     if (options.minSize)
         DuplicateService::size = *options.minSize;
+    if (options.threshold)
+        SimilarService::threshold = *options.threshold;
     return true;
 }
 
@@ -116,4 +138,6 @@ void CliCommands::afterFinderClean(int module)
         DuplicateService::updateCategory();
     else if (module == KestalLargeAndOldFileServices::moduleIndex)
         KestalLargeAndOldFileServices::filterInfoList();
+    else if (module == SimilarService::moduleIndex)
+        SimilarService::updateCategory();
 }

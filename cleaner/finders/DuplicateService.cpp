@@ -6,6 +6,7 @@
 #include "cleaner/core/Fatal.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/SwitchLanguageService.h"
+#include "cleaner/finders/KestalFinderScan.h"
 #include "cleaner/finders/Md5.h"
 #include "cleaner/finders/SharedWork.h"
 #include "cleaner/scan/KestalService.h"
@@ -16,20 +17,18 @@
 #include <QScopeGuard>
 #include <QtConcurrent/QtConcurrentMap>
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <optional>
 
 namespace {
 
-std::atomic<quint64> g_generation{0};
 // The generation of the scan running on this thread: its later stages stay
 // silenced by a newer scan that started in between.
 thread_local std::optional<quint64> t_scanGeneration;
 
 quint64 currentGeneration()
 {
-    return t_scanGeneration.value_or(g_generation.load());
+    return t_scanGeneration.value_or(DuplicateService::generation().current());
 }
 
 struct TopEntry {
@@ -168,20 +167,20 @@ QMap<qint64, std::pair<DuplicateService::duplicateKind, QString>> DuplicateServi
             {5, {duplicateKind::all, getLocalizedString(QStringLiteral("All"))}}};
 }
 
-quint64 DuplicateService::newGeneration()
+KestalFinderScan::Generation &DuplicateService::generation()
 {
-    return ++g_generation;
+    static KestalFinderScan::Generation g;
+    return g;
 }
 
-bool DuplicateService::stopped(quint64 generation)
+bool DuplicateService::stopped(quint64 g)
 {
-    return g_generation.load() != generation || KestalService::judgeStopScan(moduleIndex);
+    return generation().stopped(g, moduleIndex);
 }
 
 void DuplicateService::storeCategories(const QList<Category> &categories)
 {
-    AppModuleService::appModules()[moduleIndex].categories = categories;
-    KestalService::scanCategory()[moduleIndex] = categories;
+    KestalFinderScan::storeCategories(moduleIndex, categories);
 }
 
 std::pair<SizeAndPath, MoreDoubleSize> DuplicateService::walk(const QByteArray &root, qint64 limit)
@@ -232,7 +231,7 @@ std::pair<SizeAndPath, MoreDoubleSize> DuplicateService::walk(const QByteArray &
 void DuplicateService::scan(const Progress &progress, const ShowPercent &showPercent,
                             const Done &done)
 {
-    const quint64 generation = g_generation.load();
+    const quint64 generation = DuplicateService::generation().current();
     t_scanGeneration = generation;
     const auto forget = qScopeGuard([] { t_scanGeneration.reset(); });
     qint64 limit = 0;

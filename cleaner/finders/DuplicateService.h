@@ -3,6 +3,7 @@
 #include "cleaner/core/ModuleTypes.h"
 #include "cleaner/core/Services.h"
 #include "cleaner/finders/IdenticalContent.h"
+#include "cleaner/finders/KestalFinderScan.h"
 
 #include <QHash>
 #include <QMap>
@@ -66,7 +67,7 @@ public:
 
     // Whether this scan of module 6 should end: a stop, or a newer scan.
     static bool stopped(quint64 generation);
-    static quint64 newGeneration();
+    static KestalFinderScan::Generation &generation();
     // Stores the module's categories where both the screens and the driver's
     // stop publication read them, so a stopped scan keeps what is shown.
     static void storeCategories(const QList<Category> &categories);

@@ -3,6 +3,8 @@
 #include "cleaner/finders/DuplicateService.h"
 #include "cleaner/finders/KestalDuplicateService.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
+#include "cleaner/finders/KestalSimilarService.h"
+#include "cleaner/finders/SimilarService.h"
 
 void FinderScans::registerAll()
 {
@@ -10,4 +12,6 @@ void FinderScans::registerAll()
                                       &KestalDuplicateService::scanDupliate);
     KestalService::registerModuleScan(KestalLargeAndOldFileServices::moduleIndex,
                                       &KestalLargeAndOldFileServices::scanLargeAndOldFile);
+    KestalService::registerModuleScan(SimilarService::moduleIndex,
+                                      &KestalSimilarService::scanSimilar);
 }

@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>%1 optimieren</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>Einstellungen</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>Ordner für die Duplikatsuche wählen</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>Daten werden geordnet</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>Es gibt keine ähnlichen Bilder</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Bild</translation>
         </message>
     </context>
 </TS>

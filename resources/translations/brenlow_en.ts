@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>Optimize %1</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>Configuration</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>Choose the folder to search for duplicates</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organize Data</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>There are no files available for deduplication</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Picture</translation>
         </message>
     </context>
 </TS>

@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>Optimizar %1</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>Configuración</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>Elija la carpeta en la que buscar duplicados</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organizando datos</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>No hay imágenes similares</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Imagen</translation>
         </message>
     </context>
 </TS>

@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>Optimiser %1</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>Configuration</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>Choisissez le dossier où chercher les doublons</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>Organisation des données</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>Il n'y a aucune image similaire</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>Image</translation>
         </message>
     </context>
 </TS>

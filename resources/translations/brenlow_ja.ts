@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>%1を最適化</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>設定</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>重複ファイルを探すフォルダを選択</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>データを整理中</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>類似画像はありません</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>画像</translation>
         </message>
     </context>
 </TS>

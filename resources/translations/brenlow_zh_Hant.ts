@@ -899,9 +899,6 @@
             <source>Optimize %1</source>
             <translation>最佳化 %1</translation>
         </message>
-    </context>
-    <context>
-        <name>Finders</name>
         <message>
             <source>Configuration</source>
             <translation>設定</translation>
@@ -921,6 +918,18 @@
         <message>
             <source>Choose the folder to search for duplicates</source>
             <translation>選擇要搜尋重複檔案的資料夾</translation>
+        </message>
+        <message>
+            <source>Organize Data</source>
+            <translation>正在整理資料</translation>
+        </message>
+        <message>
+            <source>There are no files available for deduplication</source>
+            <translation>沒有相似的圖片</translation>
+        </message>
+        <message>
+            <source>Picture</source>
+            <translation>圖片</translation>
         </message>
     </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "support/TreeBuilder.h"
 
 #include <QFile>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -57,7 +58,7 @@ private slots:
         QVERIFY(QFile::exists(c) && QFile::exists(other));
     }
 
-    void duplicateOptionsRefuseBadInput_data()
+    void finderOptionsRefuseBadInput_data()
     {
         QTest::addColumn<QByteArrayList>("args");
         QTest::newRow("fraction") << QByteArrayList{"scan", "Duplicates", "--min-size", "1.5"};
@@ -65,8 +66,14 @@ private slots:
             << QByteArrayList{"scan", "Duplicates", "--path", "/nowhere/x"};
         QTest::newRow("other module") << QByteArrayList{"scan", "Trash Bin", "--min-size", "4"};
         QTest::newRow("no value") << QByteArrayList{"scan", "Duplicates", "--path"};
+        QTest::newRow("threshold 0")
+            << QByteArrayList{"scan", "Similar Images", "--threshold", "0"};
+        QTest::newRow("threshold of duplicates")
+            << QByteArrayList{"scan", "Duplicates", "--threshold", "2"};
+        QTest::newRow("size of similar")
+            << QByteArrayList{"scan", "Similar Images", "--min-size", "2"};
     }
-    void duplicateOptionsRefuseBadInput()
+    void finderOptionsRefuseBadInput()
     {
         QFETCH(QByteArrayList, args);
         TestEnvironment env;
@@ -101,6 +108,42 @@ private slots:
         QCOMPARE(QJsonDocument::fromJson(clean.out).object().value("number").toInt(), 1);
         QVERIFY(!QFile::exists(big));
         QVERIFY(QFile::exists(small) && QFile::exists(recent));
+    }
+
+    // Pictures whose hashes have 0, 0, 2 and 5 ones: the threshold decides
+    // the group, and a clean takes the selected pictures only.
+    void similarScanAndClean()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        QStringList pictures;
+        for (const int ones : {0, 0, 2, 5}) {
+            QImage image(9, 8, QImage::Format_RGB32);
+            for (int y = 0; y < 8; ++y) {
+                for (int x = 0; x < 9; ++x)
+                    image.setPixel(x, y, x == 0 && y < ones ? 0xffffffff : qRgb(x * 20, 0, 0));
+            }
+            pictures << tree.path(QString("p%1.png").arg(pictures.size()));
+            QVERIFY(image.save(pictures.last()));
+        }
+        const auto groupOf = [&](const QByteArray &threshold) {
+            const auto scan =
+                CliProcess::run(env, {"scan", "Similar Images", "--path", bytes(tree.root()),
+                                      "--threshold", threshold, "--json"});
+            const QJsonArray groups =
+                QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
+            return scan.exitCode == 0 && groups.size() == 1 ? pathsOf(groups.first().toObject())
+                                                            : QStringList();
+        };
+        QCOMPARE(groupOf("1"), pictures.mid(0, 2));
+        QCOMPARE(groupOf("3"), pictures.mid(0, 3));
+
+        const auto clean =
+            CliProcess::run(env, {"clean", "Similar Images", "--path", bytes(tree.root()),
+                                  "--select", bytes(pictures[1]), bytes(pictures[2]), "--yes"});
+        QCOMPARE(clean.exitCode, 0);
+        QVERIFY(!QFile::exists(pictures[1]) && !QFile::exists(pictures[2]));
+        QVERIFY(QFile::exists(pictures[0]) && QFile::exists(pictures[3]));
     }
 };
 
