@@ -500,12 +500,17 @@ void KestalRightBottomViewController::detailViewCleanAction()
                                    installFailureReason(bar->m_moduleIndex),
                                true);
         });
-    const int module = m_moduleIndex;
-    Dispatch::globalAsync(
-        [module, recorder] { KestalModuleCleanService::analysisModule(module, recorder); });
+    runClean(recorder);
     FabricController::fabric(
         FabricEvent::cleanButton,
         FabricEvent::getCleanButtonName(AppModuleService::appModules().at(m_moduleIndex)));
+}
+
+void KestalRightBottomViewController::runClean(const std::shared_ptr<KestalCleanProtocol> &recorder)
+{
+    const int module = m_moduleIndex;
+    Dispatch::globalAsync(
+        [module, recorder] { KestalModuleCleanService::analysisModule(module, recorder); });
 }
 
 void KestalRightBottomViewController::cleanSingleCateDone(int ci, int status, int number,

@@ -2,6 +2,9 @@
 
 #include "cleaner/shell/KestalSuperViewController.h"
 
+#include <memory>
+
+class KestalCleanProtocol;
 class KestalCleaningViewAndLogViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -84,6 +87,9 @@ protected:
     void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
+    // Runs the clean of the review's selection on a worker; each report goes
+    // to `recorder`. Modules that edit stores rather than remove files differ.
+    virtual void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder);
     // Whether the result page offers the review (Auto Cleanup cleans from it).
     virtual bool hasReview() const { return true; }
     bool isOnScreen() const;

@@ -1,9 +1,12 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
+#include "cleaner/shell/KestalPrivacyBottomViewController.h"
+#include "cleaner/shell/KestalPrivacyTopDetailRigthOutlineView.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -22,7 +25,10 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         m_overViews.insert(i, overView);
         auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
-        auto *detail = new KestalDetailViewController(i, this);
+        auto *detail = i == PrivacyService::moduleIndex
+                           ? new KestalDetailViewController(
+                                 i, this, new KestalPrivacyTopDetailRigthOutlineView(i))
+                           : new KestalDetailViewController(i, this);
         m_cleanings.insert(i, cleaning);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.
@@ -101,6 +107,8 @@ KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
         // Auto Cleanup, module 0, runs the junk modules through a bar of its own.
         if (i == 0)
             addWidget(new KestalAutoCleanupBottomViewController(split, this));
+        else if (i == PrivacyService::moduleIndex)
+            addWidget(new KestalPrivacyBottomViewController(split, this));
         else
             addWidget(new KestalRightBottomViewController(i, split, this));
     }
