@@ -338,7 +338,8 @@ void KestalDetailViewController::updateRightTopDescInfo()
         m_rightDesc->setFullText(QString());
         return;
     }
-    m_rightTitle->setText(file->name);
+    // The title as its row reads it.
+    m_rightTitle->setText(current.siblingAtColumn(0).data().toString());
     m_rightDesc->setFullText(file->url.toLocalFile());
 }
 

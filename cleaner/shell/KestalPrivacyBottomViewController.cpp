@@ -9,6 +9,20 @@ KestalPrivacyBottomViewController::KestalPrivacyBottomViewController(
     : KestalRightBottomViewController(PrivacyService::moduleIndex, split, parent)
 {}
 
+void KestalPrivacyBottomViewController::startScan()
+{
+    m_shareRead = 0;
+    KestalRightBottomViewController::startScan();
+}
+
+void KestalPrivacyBottomViewController::scanningPercent(float step)
+{
+    // All three browsers end together, so the percent of the category in
+    // hand is the percent of the whole scan.
+    m_shareRead += step;
+    updateScanningPercent(qMin(m_shareRead, 1.0f) * 100.0f);
+}
+
 void KestalPrivacyBottomViewController::runClean(
     const std::shared_ptr<KestalCleanProtocol> &recorder)
 {

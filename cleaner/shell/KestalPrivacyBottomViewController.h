@@ -12,5 +12,11 @@ public:
                                                QWidget *parent = nullptr);
 
 protected:
+    void startScan() override;
+    // The scan reports the share of the whole that each browser adds.
+    void scanningPercent(float step) override;
     void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder) override;
+
+private:
+    float m_shareRead = 0;
 };

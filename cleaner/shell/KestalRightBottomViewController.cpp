@@ -310,7 +310,7 @@ void KestalRightBottomViewController::startScan()
         },
         [bar](float percent) {
             if (bar)
-                bar->updateScanningPercent(percent);
+                bar->scanningPercent(percent);
         },
         [bar, cateCount](int categoryIndex) {
             if (bar)

@@ -87,6 +87,8 @@ protected:
     void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
+    // A percent report of that scan: the percent of the category in hand.
+    virtual void scanningPercent(float percent) { updateScanningPercent(percent); }
     // Runs the clean of the review's selection on a worker; each report goes
     // to `recorder`. Modules that edit stores rather than remove files differ.
     virtual void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder);
