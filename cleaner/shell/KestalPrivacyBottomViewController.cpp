@@ -28,3 +28,9 @@ void KestalPrivacyBottomViewController::runClean(
 {
     Dispatch::globalAsync([recorder] { PrivacyClean::run(recorder); });
 }
+
+std::pair<double, int> KestalPrivacyBottomViewController::selected() const
+{
+    const auto [size, number] = PrivacyService::selectedRecords();
+    return {double(size), number};
+}

@@ -16,6 +16,8 @@ protected:
     // The scan reports the share of the whole that each browser adds.
     void scanningPercent(float step) override;
     void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder) override;
+    // Records, not groups: a ticked group takes all it lists.
+    std::pair<double, int> selected() const override;
 
 private:
     float m_shareRead = 0;

@@ -462,6 +462,11 @@ bool KestalRightBottomViewController::checkModel(int moduleIndex, bool isAutoCle
     } else {
         add(moduleIndex);
     }
+    return confirmRemoval(size, number);
+}
+
+bool KestalRightBottomViewController::confirmRemoval(double size, qint64 number)
+{
     return UIUtil::dialogOKCancel(
         getLocalizedString(QStringLiteral("Confirmation")),
         getLocalizedString(QStringLiteral("Are you sure to delete selected files?")) +
@@ -475,8 +480,9 @@ void KestalRightBottomViewController::handleClean(int modelIndex)
 
 void KestalRightBottomViewController::detailViewCleanAction()
 {
-    if (m_status != viewStatus::detail || !m_detailViewBtn->isEnabled() ||
-        !checkModel(m_moduleIndex, false))
+    if (m_status != viewStatus::detail || !m_detailViewBtn->isEnabled())
+        return;
+    if (const auto [size, number] = selected(); !confirmRemoval(size, number))
         return;
     handleClean(m_moduleIndex);
     updateReScanView(viewStatus::cleanning);

@@ -118,6 +118,9 @@ private slots:
         const auto question = answerNextMessageBox(QStringLiteral("Confirm"));
         QTest::mouseClick(bar->detailViewBtn(), Qt::LeftButton);
         QVERIFY(question->shown);
+        // The question counts records, as the clean does: a ticked group is all it lists.
+        QVERIFY2(question->informative.contains(QStringLiteral("14 items")),
+                 qPrintable(question->informative));
         QTRY_COMPARE(stateOf(privacy), viewStatus::cleandone);
 
         // One report per browser, then the module's: Chrome's three visits,
