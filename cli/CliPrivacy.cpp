@@ -179,7 +179,7 @@ int CliPrivacy::clean(const QByteArrayList &args)
             return CliCommands::usage(
                 QStringLiteral("the scan listed no \"%1\"").arg(TerminalText::escaped(named)));
     }
-    const auto [total, count] = AppModuleService::calculateModuleSizeAndNumber(kModule);
+    const auto [total, count] = PrivacyService::selectedRecords();
     if (!yes && !CliCommands::confirmed(count, total))
         return 1;
 

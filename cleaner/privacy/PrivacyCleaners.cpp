@@ -264,7 +264,10 @@ void cleanGroup(Group &group, const Kind &kind, qint64 &size, int &number)
 {
     SQLiteUtil &sqlite = SQLiteUtil::shareInstance();
     if (group.whole) {
-        switch (kind.work) {
+        // A group that listed nothing (a store that could not be read, one
+        // that filled after the scan) stands for no row: its store is left.
+        const Work work = group.childCount > 0 ? kind.work : Work::Nothing;
+        switch (work) {
         case Work::Sql:
         case Work::SafariLocalStore:
             if (openStore(kind.store)) {

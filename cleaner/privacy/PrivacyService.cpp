@@ -210,6 +210,25 @@ void PrivacyService::updateModule(const BrowserGroups &dic, const QString &kind)
     c.size = total;
 }
 
+std::pair<qint64, int> PrivacyService::selectedRecords()
+{
+    qint64 size = 0;
+    int number = 0;
+    for (const Category &browser : AppModuleService::categoriesOf(moduleIndex)) {
+        for (const FolderInfoPtr &group : browser.files) {
+            if (group->checked != 1 && group->checked != -1)
+                continue;
+            for (const FolderInfoPtr &record : group->children) {
+                if (group->checked == 1 || record->checked == 1) {
+                    size += record->size;
+                    ++number;
+                }
+            }
+        }
+    }
+    return {size, number};
+}
+
 void PrivacyService::registerWithScanDriver()
 {
     KestalService::setModuleScan(moduleIndex, [](Progress progress, ShowPercent showPercent,

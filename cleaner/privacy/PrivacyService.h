@@ -50,6 +50,11 @@ public:
     static std::pair<qint64, int> cleanFirefox(int ci);
     static std::pair<qint64, int> cleanSafari(int ci);
 
+    // What a clean of the present selection takes, as the cleaners count it:
+    // the bytes and the number of the records of every ticked group (all of
+    // a wholly ticked one, the ticked ones of a partly ticked one). Main thread.
+    static std::pair<qint64, int> selectedRecords();
+
     // Makes the scan driver run this scan for module 11.
     static void registerWithScanDriver();
     // Forgets the fixed paths (tests, after a change of home).

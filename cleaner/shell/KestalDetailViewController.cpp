@@ -92,7 +92,8 @@ QToolButton *sortButton(QWidget *parent, const QString &name)
 
 } // namespace
 
-KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget *parent)
+KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget *parent,
+                                                       KestalTopDetailRigthOutlineView *files)
     : KestalSuperViewController(parent), m_moduleIndex(moduleIndex)
 {
     setObjectName(AppModuleService::appModules().at(moduleIndex).tab + QStringLiteral(" Detail"));
@@ -112,7 +113,8 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
     connect(m_back, &QPushButton::clicked, this, &KestalDetailViewController::backAction);
 
     m_categories = new KestalTopDetailLeftTableView(moduleIndex, this);
-    m_files = new KestalTopDetailRigthOutlineView(moduleIndex, this);
+    m_files = files ? files : new KestalTopDetailRigthOutlineView(moduleIndex);
+    m_files->setParent(this);
     m_left = makeList(this, QStringLiteral("leftCategoryTableView"), m_categories);
     m_left->setRootIsDecorated(false);
     m_left->setFixedWidth(leftWidth);
@@ -350,7 +352,8 @@ void KestalDetailViewController::updateRightTopDescInfo()
                                      : QString());
         return;
     }
-    m_rightTitle->setText(file->name);
+    // The title as its row reads it.
+    m_rightTitle->setText(current.siblingAtColumn(0).data().toString());
     m_rightDesc->setFullText(file->url.toLocalFile());
 }
 
@@ -360,7 +363,7 @@ void KestalDetailViewController::showContextMenu(const QPoint &at)
     if (!index.isValid() || index.parent().isValid())
         return;
     const FolderInfoPtr file = m_files->fileAt(index);
-    if (!file)
+    if (!file || file->url.toLocalFile().isEmpty()) // a row of a store has no place to show
         return;
     QMenu menu;
     menu.addAction(getLocalizedString(QStringLiteral("Show in Folder")),

@@ -24,7 +24,10 @@ class QTreeView;
 class KestalDetailViewController : public KestalSuperViewController {
     Q_OBJECT
 public:
-    explicit KestalDetailViewController(int moduleIndex, QWidget *parent = nullptr);
+    // `files` is a right pane of the module's own kind, which the screen
+    // takes over; without one the files show as every module's do.
+    explicit KestalDetailViewController(int moduleIndex, QWidget *parent = nullptr,
+                                        KestalTopDetailRigthOutlineView *files = nullptr);
 
     // Lists the module's categories afresh (on entering the review).
     virtual void reloadData();

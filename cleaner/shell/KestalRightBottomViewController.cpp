@@ -325,7 +325,7 @@ void KestalRightBottomViewController::startScan()
             // the category loop reports the category's percent so far.
             if (ownScan)
                 percent = *accumulated = qMin(100.0f, *accumulated + percent * 100.0f);
-            bar->updateScanningPercent(percent);
+            bar->scanningPercent(percent);
         },
         [bar, cateCount](int categoryIndex) {
             // A scan of the module's own reports its end as -1.
@@ -480,6 +480,11 @@ bool KestalRightBottomViewController::checkModel(int moduleIndex, bool isAutoCle
     } else {
         add(moduleIndex);
     }
+    return confirmRemoval(size, number);
+}
+
+bool KestalRightBottomViewController::confirmRemoval(double size, qint64 number)
+{
     return UIUtil::dialogOKCancel(
         getLocalizedString(QStringLiteral("Confirmation")),
         getLocalizedString(QStringLiteral("Are you sure to delete selected files?")) +
@@ -493,8 +498,9 @@ void KestalRightBottomViewController::handleClean(int modelIndex)
 
 void KestalRightBottomViewController::detailViewCleanAction()
 {
-    if (m_status != viewStatus::detail || !m_detailViewBtn->isEnabled() ||
-        !checkModel(m_moduleIndex, false))
+    if (m_status != viewStatus::detail || !m_detailViewBtn->isEnabled())
+        return;
+    if (const auto [size, number] = selected(); !confirmRemoval(size, number))
         return;
     handleClean(m_moduleIndex);
     updateReScanView(viewStatus::cleanning);

@@ -88,9 +88,15 @@ protected:
     void reloadTexts() override;
     // Starts the module's own scan, after the totals were reset.
     virtual void startScan();
+    // A percent report of that scan: the percent of the category in hand.
+    virtual void scanningPercent(float percent) { updateScanningPercent(percent); }
     // Runs the clean of the review's selection on a worker; each report goes
-    // to `recorder`.
+    // to `recorder`. Modules that edit stores rather than remove files differ.
     virtual void runClean(const std::shared_ptr<KestalCleanProtocol> &recorder);
+    // Size and number of what the review has selected, as its clean counts them.
+    virtual std::pair<double, int> selected() const;
+    // Asks whether what a clean takes may go; true when the user confirmed.
+    static bool confirmRemoval(double size, qint64 number);
     // Whether the result page offers the review (Auto Cleanup cleans from it).
     virtual bool hasReview() const { return true; }
     bool isOnScreen() const;
@@ -111,8 +117,6 @@ private:
     // Resets the progress and names the category the scan is on.
     void showCategoryOnScan(int categoryIndex);
     QString statusText() const;
-    // Size and number of what the review has selected.
-    std::pair<double, int> selected() const;
 
     int m_moduleIndex;
     QString m_tab;

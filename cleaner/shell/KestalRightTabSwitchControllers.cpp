@@ -1,11 +1,14 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalFinderBottomViewControllers.h"
 #include "cleaner/shell/KestalFinderDetailViewControllers.h"
+#include "cleaner/shell/KestalPrivacyBottomViewController.h"
+#include "cleaner/shell/KestalPrivacyTopDetailRigthOutlineView.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -24,7 +27,11 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         m_overViews.insert(i, overView);
         auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
-        KestalDetailViewController *detail = KestalFinderDetailViewControllers::create(i, this);
+        KestalDetailViewController *detail =
+            i == PrivacyService::moduleIndex
+                ? new KestalDetailViewController(i, this,
+                                                 new KestalPrivacyTopDetailRigthOutlineView(i))
+                : KestalFinderDetailViewControllers::create(i, this);
         if (!detail)
             detail = new KestalDetailViewController(i, this);
         m_cleanings.insert(i, cleaning);
@@ -107,6 +114,8 @@ KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
             addWidget(new KestalAutoCleanupBottomViewController(split, this));
         else if (auto *finder = KestalFinderBottomViewControllers::create(i, split, this))
             addWidget(finder);
+        else if (i == PrivacyService::moduleIndex)
+            addWidget(new KestalPrivacyBottomViewController(split, this));
         else
             addWidget(new KestalRightBottomViewController(i, split, this));
     }

@@ -932,4 +932,16 @@
             <translation>Bild</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 Einträge</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>Die Datei ist beschädigt und kann nicht angezeigt werden</translation>
+        </message>
+    </context>
 </TS>

@@ -932,4 +932,16 @@
             <translation>Picture</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 records</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>The file is damaged and cannot be viewed</translation>
+        </message>
+    </context>
 </TS>

@@ -932,4 +932,16 @@
             <translation>Imagen</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 registros</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>El archivo está dañado y no se puede ver</translation>
+        </message>
+    </context>
 </TS>

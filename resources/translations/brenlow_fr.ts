@@ -932,4 +932,16 @@
             <translation>Image</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 enregistrements</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>Le fichier est endommagé et ne peut pas être affiché</translation>
+        </message>
+    </context>
 </TS>

@@ -932,4 +932,16 @@
             <translation>画像</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 件の記録</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>ファイルが破損しているため表示できません</translation>
+        </message>
+    </context>
 </TS>

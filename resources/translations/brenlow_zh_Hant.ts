@@ -932,4 +932,16 @@
             <translation>圖片</translation>
         </message>
     </context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+    <context>
+        <name>English</name>
+        <message>
+            <source>%1 records</source>
+            <translation>%1 筆記錄</translation>
+        </message>
+        <message>
+            <source>The file is damaged and cannot be viewed</source>
+            <translation>檔案已損毀，無法檢視</translation>
+        </message>
+    </context>
 </TS>

@@ -1,15 +1,21 @@
 // Renders the main window to PNG files for the documentation and for review:
 // each module's overview, in each language asked for; with --workflow, the
 // states of System Junk and Auto Cleanup from scan to log, over whatever the
-// home and root hold (scripts/screenshots builds a tree for them).
+// home and root hold (scripts/screenshots builds a tree for them); with
+// --privacy, the privacy module's states over the browsers' stores in the
+// home (scripts/privacy-screenshots).
 //
-//   brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE | --workflow | --privacy] OUTPUT_DIR [LANGUAGE...]
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/UserDefaults.h"
+#include "cleaner/privacy/PrivacyService.h"
+#include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRootViewController.h"
+#include "cleaner/shell/KestalTopDetailLeftTableView.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 #include "cleaner/shell/tools/ScreenshotSession.h"
 
@@ -21,6 +27,7 @@
 #include <QPushButton>
 #include <QTextStream>
 #include <QTreeWidget>
+#include <functional>
 
 namespace {
 
@@ -32,6 +39,38 @@ QString fileStem(const QString &title)
 }
 
 using viewStatus = KestalSuperViewController::viewStatus;
+
+// The last item of the first category stays out.
+void untickLastFile(KestalDetailViewController *review)
+{
+    QAbstractItemModel *files = review->fileModel();
+    if (files->rowCount() > 1)
+        files->setData(files->index(files->rowCount() - 1, 0), Qt::Unchecked, Qt::CheckStateRole);
+}
+
+// Chrome ticked whole but for its logins and one visit, and one of Firefox's cookies.
+void tickBrowserRecords(KestalDetailViewController *review)
+{
+    QAbstractItemModel *browsers = review->categoryModel();
+    KestalTopDetailRigthOutlineView *groups = review->fileModel();
+    const auto group = [groups](const QString &title) {
+        for (int row = 0; row < groups->rowCount(); ++row) {
+            const QModelIndex index = groups->index(row, 0);
+            if (groups->fileAt(index) && groups->fileAt(index)->name == title)
+                return index;
+        }
+        return QModelIndex();
+    };
+    review->leftCategoryTableView()->setCurrentIndex(browsers->index(1, 0));
+    groups->setData(groups->index(0, 0, group(QStringLiteral("Cookies"))), Qt::Checked,
+                    Qt::CheckStateRole);
+    review->leftCategoryTableView()->setCurrentIndex(browsers->index(0, 0));
+    browsers->setData(browsers->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+    groups->setData(group(QStringLiteral("Login History")), Qt::Unchecked, Qt::CheckStateRole);
+    const QModelIndex visits = group(QStringLiteral("Visit History"));
+    review->rightOutlineView()->expand(visits);
+    groups->setData(groups->index(0, 0, visits), Qt::Unchecked, Qt::CheckStateRole);
+}
 
 class WorkflowShots {
 public:
@@ -53,9 +92,10 @@ public:
         QTextStream(stdout) << name << '\n';
     }
 
-    // Scanning, result, a review with part of a category ticked, cleaning,
-    // clean done and the log of what stayed.
-    void run(int module, const QString &stem)
+    // Scanning, result, a review with the selection that `select` makes,
+    // cleaning, clean done and the log of what stayed.
+    void run(int module, const QString &stem,
+             const std::function<void(KestalDetailViewController *)> &select = untickLastFile)
     {
         const QString tab = AppModuleService::appModules().at(module).tab;
         KestalRightSplitController *right = m_root->rightSplit();
@@ -68,13 +108,9 @@ public:
         shoot(stem + QStringLiteral("-scan-done"));
         if (module != 0) {
             bar->reviewBtn()->click();
-            // The last item of the first category stays out, and the item
-            // named "vanished" goes before the clean comes to it.
-            QAbstractItemModel *files = right->topSwitch()->detail(module)->fileModel();
-            if (files->rowCount() > 1)
-                files->setData(files->index(files->rowCount() - 1, 0), Qt::Unchecked,
-                               Qt::CheckStateRole);
+            select(right->topSwitch()->detail(module));
             shoot(stem + QStringLiteral("-review"));
+            // The item named "vanished" goes before the clean comes to it.
             QDir(QDir::home().filePath(QStringLiteral(".cache/vanished"))).removeRecursively();
             confirmNextQuestion();
             bar->detailViewBtn()->click();
@@ -113,8 +149,11 @@ int main(int argc, char *argv[])
     QStringList args = QApplication::arguments().mid(1);
     QString only;
     bool workflow = false;
-    if (!args.isEmpty() && args.first() == QLatin1String("--workflow")) {
-        workflow = true;
+    bool privacy = false;
+    if (!args.isEmpty() && (args.first() == QLatin1String("--workflow") ||
+                            args.first() == QLatin1String("--privacy"))) {
+        workflow = args.first() == QLatin1String("--workflow");
+        privacy = !workflow;
         args = args.mid(1);
     } else if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
         only = args.at(1);
@@ -122,7 +161,7 @@ int main(int argc, char *argv[])
     }
     if (args.isEmpty()) {
         QTextStream(stderr)
-            << "usage: brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR "
+            << "usage: brenlow-screenshots [--module TITLE | --workflow | --privacy] OUTPUT_DIR "
                "[LANGUAGE...]\n";
         return 1;
     }
@@ -140,11 +179,15 @@ int main(int argc, char *argv[])
     const QString suffix = scale > 1.0 ? QStringLiteral("@%1x").arg(scale) : QString();
 
     const QList<Module> &modules = AppModuleService::appModules();
-    if (workflow) {
+    if (workflow || privacy) {
         // One language a run: a clean changes the tree the next one would see.
         if (QAction *item = delegate.languageItem(languages.first()))
             item->trigger();
         WorkflowShots shots(window, root, out, languages.first(), suffix);
+        if (privacy) {
+            shots.run(PrivacyService::moduleIndex, QStringLiteral("privacy"), tickBrowserRecords);
+            return 0;
+        }
         shots.run(1, QStringLiteral("system-junk"));
         shots.run(0, QStringLiteral("auto-cleanup"));
         return 0;
