@@ -844,4 +844,75 @@
             <translation>Les fichiers de ***ko inférieurs à la valeur ci-dessous seront ignorés automatiquement.</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>Cet élément est déjà sélectionné</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>Ajouter des fichiers</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>Ajouter un dossier</translation>
+        </message>
+        <message>
+            <source>Select All</source>
+            <translation>Tout sélectionner</translation>
+        </message>
+        <message>
+            <source>Deselect All</source>
+            <translation>Tout désélectionner</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>Nom (A à Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>Nom (Z à A)</translation>
+        </message>
+        <message>
+            <source>Shred</source>
+            <translation>Broyer</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>Retirer de la liste</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>Décompression</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>Progression de la décompression :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>Saisir le mot de passe :</translation>
+        </message>
+        <message>
+            <source>Done</source>
+            <translation>Terminé</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>Échec de la compression</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>Échec de la décompression</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>Non broyé</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>Retour à la liste</translation>
+        </message>
+    </context>
 </TS>
