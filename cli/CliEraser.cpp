@@ -1,6 +1,7 @@
 #include "cli/CliEraser.h"
 
 #include "cleaner/clean/CleanProtocols.h"
+#include "cleaner/clean/CleanResults.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
@@ -53,15 +54,6 @@ private:
     qint64 m_done = 0;
     ProgressBar m_bar;
 };
-
-// The words of the log for a status of the helper.
-QString reasonOf(int status)
-{
-    static const QHash<int, const char *> words = {
-        {2, "OverTime"}, {3, "delete fail"}, {4, "nocause"},      {5, "shredfail"},
-        {6, "movefail"}, {7, "stop"},        {8, "get root fail"}};
-    return getLocalizedString(QString::fromLatin1(words.value(status, "UnKnown")));
-}
 
 QString readPasswordFile(const QString &path, bool *ok)
 {
@@ -137,7 +129,7 @@ int CliEraser::shred(const QByteArrayList &args)
     for (auto it = ShredService::shredFailures().begin(); it != ShredService::shredFailures().end();
          ++it)
         CliCommands::printOut(QStringLiteral("not shredded: %1  (%2)")
-                                  .arg(TerminalText::escaped(it.key()), reasonOf(it.value())));
+                                  .arg(TerminalText::escaped(it.key()), cleanFailureReason(it.value())));
     CliCommands::printOut(
         QStringLiteral("shredded %1 files, %2").arg(number).arg(CliCommands::sizeText(size)));
     return ShredService::shredFailures().isEmpty() ? 0 : 2;

@@ -859,24 +859,12 @@
             <translation>Ordner hinzufügen</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>Alle auswählen</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>Auswahl aufheben</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>Name (A bis Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>Name (Z bis A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>Schreddern</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>Passwort eingeben :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>Fertig</translation>
         </message>
         <message>
             <source>Compress Failed</source>

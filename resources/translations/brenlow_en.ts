@@ -859,24 +859,12 @@
             <translation>Add Folder</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>Select All</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>Deselect All</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>Name (A to Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>Name (Z to A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>Shred</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>Enter Password :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>Done</translation>
         </message>
         <message>
             <source>Compress Failed</source>

@@ -859,24 +859,12 @@
             <translation>Añadir carpeta</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>Seleccionar todo</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>Deseleccionar todo</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>Nombre (A a Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>Nombre (Z a A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>Triturar</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>Introduzca la contraseña :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>Hecho</translation>
         </message>
         <message>
             <source>Compress Failed</source>

@@ -859,24 +859,12 @@
             <translation>Ajouter un dossier</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>Tout sélectionner</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>Tout désélectionner</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>Nom (A à Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>Nom (Z à A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>Broyer</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>Saisir le mot de passe :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>Terminé</translation>
         </message>
         <message>
             <source>Compress Failed</source>

@@ -859,24 +859,12 @@
             <translation>フォルダを追加</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>すべて選択</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>すべて選択解除</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>名前 (A から Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>名前 (Z から A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>シュレッド</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>パスワードを入力 :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>完了</translation>
         </message>
         <message>
             <source>Compress Failed</source>

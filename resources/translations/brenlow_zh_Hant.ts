@@ -859,24 +859,12 @@
             <translation>加入資料夾</translation>
         </message>
         <message>
-            <source>Select All</source>
-            <translation>全選</translation>
-        </message>
-        <message>
-            <source>Deselect All</source>
-            <translation>取消全選</translation>
-        </message>
-        <message>
             <source>Name (A to Z)</source>
             <translation>名稱 (A 到 Z)</translation>
         </message>
         <message>
             <source>Name (Z to A)</source>
             <translation>名稱 (Z 到 A)</translation>
-        </message>
-        <message>
-            <source>Shred</source>
-            <translation>粉碎</translation>
         </message>
         <message>
             <source>Remove from the list</source>
@@ -893,10 +881,6 @@
         <message>
             <source>Enter Password :</source>
             <translation>輸入密碼 :</translation>
-        </message>
-        <message>
-            <source>Done</source>
-            <translation>完成</translation>
         </message>
         <message>
             <source>Compress Failed</source>
