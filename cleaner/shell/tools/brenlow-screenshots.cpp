@@ -14,6 +14,7 @@
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 #include "cleaner/shell/Workspace.h"
+#include "cleaner/shell/tools/ScreenshotWindow.h"
 
 #include <QAction>
 #include <QApplication>
@@ -172,13 +173,8 @@ int main(int argc, char *argv[])
         args.size() > 1 ? args.mid(1) : QStringList{QStringLiteral("en"), QStringLiteral("ja")};
     QDir().mkpath(out);
 
-    // No page opens while the pictures are made.
-    Workspace::setOpenerForTesting([](const QUrl &) { return true; });
-    UserDefaults::setValue(QStringLiteral("HasLaunchedOnce"), true);
     AppDelegate delegate;
-    delegate.applicationDidFinishLaunching();
-    QMainWindow *window = delegate.mainWindow();
-    window->resize(1080, 680);
+    QMainWindow *window = ScreenshotWindow::open(delegate);
     settle();
     KestalRootViewController *root = KestalRootViewController::rootOf(window);
     const qreal scale = window->devicePixelRatioF();

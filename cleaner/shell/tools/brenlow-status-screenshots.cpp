@@ -1,34 +1,11 @@
 // Renders the tray's status panel and Auto Cleanup's dashboard to PNG files
 // (scripts/status-screenshots), over this machine's figures.
-#include "cleaner/core/UserDefaults.h"
-#include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalStatusViewController.h"
-#include "cleaner/shell/Workspace.h"
+#include "cleaner/shell/tools/ScreenshotWindow.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QMainWindow>
-#include <QTextStream>
 
-namespace {
-
-// Lets layouts, timers' first draws and the window manager settle.
-void settle()
-{
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < 600)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
-}
-
-void save(QWidget *widget, const QString &name)
-{
-    widget->grab().save(name, "PNG", 0);
-    QTextStream(stdout) << name << '\n';
-}
-
-} // namespace
+using ScreenshotWindow::save;
 
 int main(int argc, char *argv[])
 {
@@ -40,18 +17,14 @@ int main(int argc, char *argv[])
     }
     const QString out = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(out);
-    Workspace::setOpenerForTesting([](const QUrl &) { return true; });
-    UserDefaults::setValue(QStringLiteral("HasLaunchedOnce"), true);
     AppDelegate delegate;
-    delegate.applicationDidFinishLaunching();
-    QMainWindow *window = delegate.mainWindow();
-    window->resize(1080, 680);
-    settle();
+    QMainWindow *window = ScreenshotWindow::open(delegate);
+    ScreenshotWindow::settleFor();
     save(window, out + QStringLiteral("/en-auto-cleanup-dashboard.png"));
 
     KestalStatusViewController panel;
     panel.showBeside(QRect(900, 0, 22, 22));
-    settle();
+    ScreenshotWindow::settleFor();
     save(&panel, out + QStringLiteral("/en-status-panel.png"));
     return 0;
 }
