@@ -41,7 +41,7 @@ int main(int argc, char *argv[])
     QMainWindow *window = ScreenshotWindow::open(delegate);
     auto *root = KestalRootViewController::rootOf(window);
     root->leftTable()->selectModule(ShredService::moduleIndex);
-    root->showModule(ShredService::moduleIndex);
+    root->rightSplit()->showModule(ShredService::moduleIndex);
     auto *top = root->rightSplit()->topSwitch();
     QStringList paths;
     for (const QString &name :
@@ -54,8 +54,11 @@ int main(int argc, char *argv[])
     // The confirmation is answered as a user would.
     QTimer confirm;
     QObject::connect(&confirm, &QTimer::timeout, [] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
-            box->buttons().last()->click();
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        for (QAbstractButton *button : box ? box->buttons() : QList<QAbstractButton *>()) {
+            if (box->buttonRole(button) == QMessageBox::AcceptRole)
+                return button->click();
+        }
     });
     confirm.start(50);
     auto *bar = qobject_cast<KestalEraserBottomController *>(
