@@ -128,8 +128,9 @@ int CliEraser::shred(const QByteArrayList &args)
     const auto [size, number] = ShredService::shredDone(receiver->folders);
     for (auto it = ShredService::shredFailures().begin(); it != ShredService::shredFailures().end();
          ++it)
-        CliCommands::printOut(QStringLiteral("not shredded: %1  (%2)")
-                                  .arg(TerminalText::escaped(it.key()), cleanFailureReason(it.value())));
+        CliCommands::printOut(
+            QStringLiteral("not shredded: %1  (%2)")
+                .arg(TerminalText::escaped(it.key()), cleanFailureReason(it.value())));
     CliCommands::printOut(
         QStringLiteral("shredded %1 files, %2").arg(number).arg(CliCommands::sizeText(size)));
     return ShredService::shredFailures().isEmpty() ? 0 : 2;

@@ -2,6 +2,7 @@
 // archives written here with the entries an attacker would choose, and the
 // encrypted ones through 7-Zip with the password on its standard input.
 
+#include "LoopMount.h"
 #include "TestPaths.h"
 #include "cleaner/erasure/KestalDecompressionService.h"
 #include "support/TreeBuilder.h"
@@ -316,6 +317,30 @@ private slots:
         const auto outcome = KestalDecompressionService::extract(tree.path("t.7z"),
                                                                  tree.folder("out"), QString(), {});
         QVERIFY(outcome.result == Result::Damaged || outcome.result == Result::Failed);
+    }
+
+    // A disk that fills: the run ends with the reason, and what was written
+    // stays inside the target. Mounts a small file system; only when asked to.
+    void diskFills()
+    {
+        if (const QString why = LoopMount::unavailable(); !why.isEmpty())
+            QSKIP(qPrintable(why));
+        LoopMount fs(QStringLiteral("8M"));
+        if (!fs.mounted())
+            QSKIP("no loop device could be attached here");
+        TreeBuilder tree;
+        QList<Entry> entries;
+        for (int i = 0; i < 6; ++i)
+            entries.append(
+                {"part" + QByteArray::number(i), AE_IFREG, QByteArray(3 << 20, char('a' + i))});
+        write7z(tree.path("big.7z"), entries);
+        const QString target = fs.mountPoint + QStringLiteral("/big");
+        QVERIFY(QDir().mkdir(target));
+        const auto outcome =
+            KestalDecompressionService::extract(tree.path("big.7z"), target, QString(), {});
+        QCOMPARE(outcome.result, Result::NoSpace);
+        QCOMPARE(QDir(fs.mountPoint).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList({"big", "lost+found"}));
     }
 
     // The folder an archive unpacks into.

@@ -1,11 +1,11 @@
 // The Eraser's selection rules, and shredding through the real helper.
 
+#include "LoopMount.h"
 #include "clean/CleanTestSupport.h"
 #include "cleaner/erasure/ErasureText.h"
 #include "cleaner/erasure/ShredService.h"
 
 #include <QRandomGenerator>
-#include <sys/sysmacros.h>
 
 using namespace CleanTest;
 
@@ -40,14 +40,6 @@ void writeFile(const QString &path, const QByteArray &content)
     QFile f(path);
     QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
     f.write(content);
-}
-
-// Runs a command, true when it ended with status 0.
-bool run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.start(program, args);
-    return p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
 }
 
 QMap<QByteArray, int> shredThroughHelper(Peer &helper, const QList<QByteArray> &paths)
@@ -225,33 +217,24 @@ private slots:
     // device after the shred. Mounts an image; only when asked to.
     void leavesNoCopyOnTheDevice()
     {
-        if (qgetenv("BRENLOW_PRIVILEGE_TESTS") != "1" || ::geteuid() != 0 ||
-            !QFile::exists(QStringLiteral("/dev/loop-control")))
-            QSKIP("needs BRENLOW_PRIVILEGE_TESTS=1, root and loop devices");
-        QTemporaryDir dir;
-        const QString image = dir.filePath(QStringLiteral("fs.img"));
-        const QString mount = dir.filePath(QStringLiteral("mnt"));
-        QVERIFY(QDir().mkpath(mount));
-        QVERIFY(run(QStringLiteral("truncate"), {"-s", "32M", image}));
-        QVERIFY(run(QStringLiteral("mkfs.ext4"), {"-q", "-F", image}));
-        if (!run(QStringLiteral("mount"), {"-o", "loop", image, mount}))
+        if (const QString why = LoopMount::unavailable(); !why.isEmpty())
+            QSKIP(qPrintable(why));
+        LoopMount fs(QStringLiteral("32M"));
+        if (!fs.mounted())
             QSKIP("no loop device could be attached here");
-        // Unmounted whatever happens below.
-        const auto unmount = qScopeGuard([&] { run(QStringLiteral("umount"), {mount}); });
-
         const QByteArray marker =
             "BRENLOW-MARKER-" + QByteArray::number(QRandomGenerator::global()->generate64(), 16);
-        const QString file = mount + QStringLiteral("/secret.txt");
+        const QString file = fs.mountPoint + QStringLiteral("/secret.txt");
         writeFile(file, marker.repeated(20000));
-        QVERIFY(run(QStringLiteral("sync"), {}));
-        QVERIFY(contentOf(image).contains(marker)); // the check can see it
+        QVERIFY(LoopMount::run(QStringLiteral("sync"), {}));
+        QVERIFY(contentOf(fs.image).contains(marker)); // the check can see it
 
         Peer helper(helperProgram);
         const auto answer = shredThroughHelper(helper, {QFile::encodeName(file)});
         QCOMPARE(answer.value(QFile::encodeName(file)), int(errorKind::success));
         QVERIFY(!QFile::exists(file));
-        QVERIFY(run(QStringLiteral("umount"), {mount}));
-        QVERIFY(!contentOf(image).contains(marker));
+        QVERIFY(fs.unmount());
+        QVERIFY(!contentOf(fs.image).contains(marker));
     }
 
 private:
