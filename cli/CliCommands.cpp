@@ -4,6 +4,7 @@
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/FinderScans.h"
+#include "cli/CliEraser.h"
 #include "cli/CliPrivacy.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
@@ -42,7 +43,9 @@ int CliCommands::usage(const QString &reason)
                "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
                "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
                "       brenlow-cli scan|clean \"Similar Images\" [--path DIR] [--threshold N] ...\n"
-               "       brenlow-cli status [--json] [--watch SECONDS]\n",
+               "       brenlow-cli status [--json] [--watch SECONDS]\n"
+               "       brenlow-cli shred PATH... [--yes]\n"
+               "       brenlow-cli extract ARCHIVE [--password-file FILE] [--to DIR]\n",
                stderr);
     return 1;
 }
@@ -108,5 +111,9 @@ int CliCommands::run(const QByteArrayList &arguments)
         return privacy ? CliPrivacy::clean(arguments.mid(1)) : clean(arguments.mid(1));
     if (command == "status")
         return status(args);
+    if (command == "shred")
+        return CliEraser::shred(arguments.mid(1));
+    if (command == "extract")
+        return CliEraser::extract(arguments.mid(1));
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

@@ -102,11 +102,7 @@ QByteArray AllowList::homeOf(uid_t uid)
     const auto home = FileRemoval::normalized(pw->pw_dir);
     if (!home || *home == "/" || *home == "/nonexistent")
         return {};
-    for (const char *tree : kSystemTrees) {
-        if (*home == tree || isStrictlyInside(*home, tree))
-            return {};
-    }
-    return *home;
+    return isSystemPath(*home) ? QByteArray() : *home;
 }
 
 QList<QByteArray> AllowList::mountPoints(const QByteArray &mountinfo)
@@ -135,6 +131,13 @@ QList<QByteArray> AllowList::volumeTrashes(const QList<QByteArray> &mounts,
         trashes.append(base + "/.Trashes");
     }
     return trashes;
+}
+
+bool AllowList::isSystemPath(const QByteArray &path)
+{
+    return std::any_of(std::begin(kSystemTrees), std::end(kSystemTrees), [&](const char *tree) {
+        return path == tree || isStrictlyInside(path, tree);
+    });
 }
 
 bool AllowList::isStrictlyInside(const QByteArray &path, const QByteArray &place)

@@ -25,6 +25,8 @@ public:
     std::optional<QString> refusal(const QByteArray &path) const;
 
     const QList<QByteArray> &places() const { return m_places; }
+    // The user the helper acts for (nothing when a launcher's report was unreadable).
+    std::optional<uid_t> caller() const { return m_caller; }
 
     // The system places written from the module lists at build time.
     static const QList<QByteArray> &shippedPlaces();
@@ -41,6 +43,9 @@ public:
     static QList<QByteArray> volumeTrashes(const QList<QByteArray> &mounts,
                                            std::optional<uid_t> user);
     static bool isStrictlyInside(const QByteArray &path, const QByteArray &place);
+    // Whether the normalised path is a folder of the system itself or lies in
+    // one (/etc, /usr, /proc, ...).
+    static bool isSystemPath(const QByteArray &path);
 
 private:
     QList<QByteArray> m_places;

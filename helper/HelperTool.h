@@ -3,6 +3,7 @@
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/clean/MessageChannel.h"
 #include "helper/SafeRemoval.h"
+#include "helper/SafeShred.h"
 
 #include <QHash>
 #include <QMutex>
@@ -34,6 +35,7 @@ private:
 
     StdioChannel m_channel;
     SafeRemoval m_removal;
+    SafeShred m_shred;
     QThread m_worker;
     QObject m_onWorker; // what runs on m_worker is posted to this object
     QMutex m_lock;

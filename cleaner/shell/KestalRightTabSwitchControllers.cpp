@@ -9,9 +9,13 @@
 #include "cleaner/shell/KestalFinderDetailViewControllers.h"
 #include "cleaner/shell/KestalPrivacyBottomViewController.h"
 #include "cleaner/shell/KestalPrivacyTopDetailRigthOutlineView.h"
+#include "cleaner/shell/KestalEraserBottomController.h"
+#include "cleaner/shell/KestalEraserCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
+#include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
+#include "cleaner/shell/KestalShredTopDetailViewController.h"
 
 using TopChild = KestalSuperViewController::TopChild;
 
@@ -22,10 +26,21 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
     for (int i = 0; i < modules.size(); ++i) {
         if (modules[i].isHeader())
             continue;
-        auto *overView = new KestalRightTopOverViewAndScanViewController(i, this);
+        const bool eraser = modules[i].tab == QLatin1String("Eraser");
+        QWidget *overView = nullptr;
+        QWidget *cleaning = nullptr;
+        if (eraser) {
+            overView = m_shredList = new KestalShredTopDetailViewController(this);
+            cleaning = m_shredCleaning = new KestalEraserCleaningViewAndLogViewController(this);
+        } else {
+            auto *scan = new KestalRightTopOverViewAndScanViewController(i, this);
+            auto *log = new KestalCleaningViewAndLogViewController(i, this);
+            m_overViews.insert(i, scan);
+            m_cleanings.insert(i, log);
+            overView = scan;
+            cleaning = log;
+        }
         auto *message = new KestalRightTopShowMessageViewController(i, this);
-        m_overViews.insert(i, overView);
-        auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
         KestalDetailViewController *detail =
             i == PrivacyService::moduleIndex
@@ -34,7 +49,6 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
                 : KestalFinderDetailViewControllers::create(i, this);
         if (!detail)
             detail = new KestalDetailViewController(i, this);
-        m_cleanings.insert(i, cleaning);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.
         for (int kind = 0; kind < int(TopChild::count); ++kind) {
@@ -116,6 +130,9 @@ KestalRightBottomTabSwitchController::KestalRightBottomTabSwitchController(
             addWidget(finder);
         else if (i == PrivacyService::moduleIndex)
             addWidget(new KestalPrivacyBottomViewController(split, this));
+        else if (modules[i].tab == QLatin1String("Eraser"))
+            addWidget(new KestalEraserBottomController(split, split->topSwitch()->shredList(),
+                                                       split->topSwitch()->shredCleaning(), this));
         else
             addWidget(new KestalRightBottomViewController(i, split, this));
     }

@@ -7,6 +7,8 @@
 
 class KestalCleaningViewAndLogViewController;
 class KestalDetailViewController;
+class KestalEraserCleaningViewAndLogViewController;
+class KestalShredTopDetailViewController;
 class KestalRightBottomViewController;
 class KestalRightSplitController;
 class KestalRightTopOverViewAndScanViewController;
@@ -25,6 +27,10 @@ public:
     KestalRightTopShowMessageViewController *showMessage(int moduleIndex) const;
     KestalCleaningViewAndLogViewController *cleaningAndLog(int moduleIndex) const;
     KestalDetailViewController *detail(int moduleIndex) const;
+    // The Eraser's own list and cleaning children, in place of the overview
+    // and cleaning children of a module that scans.
+    KestalShredTopDetailViewController *shredList() const { return m_shredList; }
+    KestalEraserCleaningViewAndLogViewController *shredCleaning() const { return m_shredCleaning; }
     // Brings the child that shows `status` of `tab` to the front.
     void swap(const QString &tab, viewStatus status);
     // Sets the top child that shows `updateStatus` of the module to that state.
@@ -36,6 +42,8 @@ private:
     QHash<int, KestalRightTopShowMessageViewController *> m_messages;
     QHash<int, KestalCleaningViewAndLogViewController *> m_cleanings;
     QHash<int, KestalDetailViewController *> m_details;
+    KestalShredTopDetailViewController *m_shredList = nullptr;
+    KestalEraserCleaningViewAndLogViewController *m_shredCleaning = nullptr;
 };
 
 // Holds the bottom bar of every module, at the positions of

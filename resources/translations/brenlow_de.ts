@@ -944,4 +944,59 @@
             <translation>Die Datei ist beschädigt und kann nicht angezeigt werden</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>Dieses Objekt wurde bereits ausgewählt</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>Dateien hinzufügen</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>Ordner hinzufügen</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>Name (A bis Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>Name (Z bis A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>Aus der Liste entfernen</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>Entpacken</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>Fortschritt beim Entpacken :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>Passwort eingeben :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>Komprimierung fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>Entpacken fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>Nicht geschreddert</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>Zurück zur Liste</translation>
+        </message>
+    </context>
 </TS>

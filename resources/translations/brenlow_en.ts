@@ -944,4 +944,59 @@
             <translation>The file is damaged and cannot be viewed</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>This item has already been selected</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>Add Files</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>Add Folder</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>Name (A to Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>Name (Z to A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>Remove from the list</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>Decompression</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>Decompression Progress :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>Enter Password :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>Compress Failed</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>Decompress Failed</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>Not shredded</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>Back to the list</translation>
+        </message>
+    </context>
 </TS>

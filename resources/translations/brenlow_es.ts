@@ -944,4 +944,59 @@
             <translation>El archivo está dañado y no se puede ver</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>Este elemento ya ha sido seleccionado</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>Añadir archivos</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>Añadir carpeta</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>Nombre (A a Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>Nombre (Z a A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>Quitar de la lista</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>Descompresión</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>Progreso de descompresión :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>Introduzca la contraseña :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>Error al comprimir</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>Error al descomprimir</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>No triturado</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>Volver a la lista</translation>
+        </message>
+    </context>
 </TS>

@@ -944,4 +944,59 @@
             <translation>Le fichier est endommagé et ne peut pas être affiché</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>Cet élément est déjà sélectionné</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>Ajouter des fichiers</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>Ajouter un dossier</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>Nom (A à Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>Nom (Z à A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>Retirer de la liste</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>Décompression</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>Progression de la décompression :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>Saisir le mot de passe :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>Échec de la compression</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>Échec de la décompression</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>Non broyé</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>Retour à la liste</translation>
+        </message>
+    </context>
 </TS>

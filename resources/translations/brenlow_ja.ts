@@ -944,4 +944,59 @@
             <translation>ファイルが破損しているため表示できません</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>この項目はすでに選択されています</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>ファイルを追加</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>フォルダを追加</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>名前 (A から Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>名前 (Z から A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>リストから削除</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>解凍</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>解凍の進行状況 :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>パスワードを入力 :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>圧縮に失敗しました</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>解凍に失敗しました</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>シュレッドされていません</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>リストに戻る</translation>
+        </message>
+    </context>
 </TS>

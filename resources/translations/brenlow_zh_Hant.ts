@@ -944,4 +944,59 @@
             <translation>檔案已損毀，無法檢視</translation>
         </message>
     </context>
+    <context>
+        <name>Eraser</name>
+        <message>
+            <source>shred_sameFile_text</source>
+            <translation>此項目已被選取</translation>
+        </message>
+        <message>
+            <source>Add Files</source>
+            <translation>加入檔案</translation>
+        </message>
+        <message>
+            <source>Add Folder</source>
+            <translation>加入資料夾</translation>
+        </message>
+        <message>
+            <source>Name (A to Z)</source>
+            <translation>名稱 (A 到 Z)</translation>
+        </message>
+        <message>
+            <source>Name (Z to A)</source>
+            <translation>名稱 (Z 到 A)</translation>
+        </message>
+        <message>
+            <source>Remove from the list</source>
+            <translation>從清單移除</translation>
+        </message>
+        <message>
+            <source>Decompression</source>
+            <translation>解壓縮</translation>
+        </message>
+        <message>
+            <source>Decompression Progress :</source>
+            <translation>解壓縮進度 :</translation>
+        </message>
+        <message>
+            <source>Enter Password :</source>
+            <translation>輸入密碼 :</translation>
+        </message>
+        <message>
+            <source>Compress Failed</source>
+            <translation>壓縮失敗</translation>
+        </message>
+        <message>
+            <source>Decompress Failed</source>
+            <translation>解壓縮失敗</translation>
+        </message>
+        <message>
+            <source>Not shredded</source>
+            <translation>未粉碎</translation>
+        </message>
+        <message>
+            <source>Back to the list</source>
+            <translation>返回清單</translation>
+        </message>
+    </context>
 </TS>

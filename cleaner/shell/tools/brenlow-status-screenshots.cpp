@@ -3,11 +3,7 @@
 #include "cleaner/shell/KestalStatusViewController.h"
 #include "cleaner/shell/tools/ScreenshotSession.h"
 
-#include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QMainWindow>
-#include <QTextStream>
 
 namespace {
 

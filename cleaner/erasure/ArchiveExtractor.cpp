@@ -1,0 +1,359 @@
+#include "cleaner/erasure/ArchiveExtractor.h"
+
+#include "cleaner/core/Descriptor.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringDecoder>
+#include <archive.h>
+#include <archive_entry.h>
+#include <cerrno>
+#include <clocale>
+#include <cstring>
+#include <fcntl.h>
+#include <locale.h>
+#include <memory>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+
+constexpr int kStepFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+constexpr size_t kReadBlock = 1 << 20;
+
+using Reader = std::unique_ptr<archive, decltype(&archive_read_free)>;
+
+// Names in 7z and rar are Unicode; libarchive turns them into the locale's
+// character set, so the reading thread uses UTF-8 whatever the process's
+// locale is, and a name comes out as UTF-8 bytes or as an error.
+class Utf8Locale {
+public:
+    Utf8Locale()
+        : m_locale(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)),
+          m_old(m_locale ? uselocale(m_locale) : nullptr)
+    {}
+    ~Utf8Locale()
+    {
+        if (m_locale) {
+            uselocale(m_old);
+            freelocale(m_locale);
+        }
+    }
+
+private:
+    locale_t m_locale;
+    locale_t m_old;
+};
+
+Reader openReader(const QStringList &volumes)
+{
+    Reader reader(archive_read_new(), &archive_read_free);
+    archive_read_support_format_7zip(reader.get());
+    archive_read_support_format_rar(reader.get());
+    archive_read_support_format_rar5(reader.get());
+    std::vector<QByteArray> names;
+    for (const QString &v : volumes)
+        names.push_back(QFile::encodeName(v));
+    std::vector<const char *> list;
+    for (const QByteArray &n : names)
+        list.push_back(n.constData());
+    list.push_back(nullptr);
+    if (archive_read_open_filenames(reader.get(), list.data(), kReadBlock) != ARCHIVE_OK)
+        return Reader(nullptr, &archive_read_free);
+    return reader;
+}
+
+QString errorOf(archive *a)
+{
+    const char *text = a ? archive_error_string(a) : nullptr;
+    return text ? QString::fromUtf8(text) : QStringLiteral("the archive cannot be read");
+}
+
+bool speaksOfEncryption(const QString &error)
+{
+    return error.contains(QLatin1String("ncrypt"), Qt::CaseInsensitive) ||
+           error.contains(QLatin1String("passphrase"), Qt::CaseInsensitive) ||
+           error.contains(QLatin1String("password"), Qt::CaseInsensitive);
+}
+
+QList<QByteArray> stepsOf(const QByteArray &name)
+{
+    QList<QByteArray> steps;
+    for (const QByteArray &s : name.split('/')) {
+        if (!s.isEmpty() && s != ".")
+            steps.append(s);
+    }
+    return steps;
+}
+
+// Writes entries below one folder, reached only through its descriptor.
+class Writer {
+public:
+    explicit Writer(int root) : m_root(root) {}
+
+    // The folder that holds the entry, created as needed (or only found);
+    // -1 with errno set when a step is no folder or is a link.
+    int parentOf(const QList<QByteArray> &steps, bool create) const
+    {
+        Descriptor folder(::openat(m_root, ".", kStepFlags));
+        for (qsizetype i = 0; folder.get() >= 0 && i + 1 < steps.size(); ++i) {
+            if (create && ::mkdirat(folder.get(), steps[i].constData(), 0755) != 0 &&
+                errno != EEXIST)
+                return -1;
+            const int next = ::openat(folder.get(), steps[i].constData(), kStepFlags);
+            const int error = errno;
+            folder.reset(next);
+            errno = error;
+        }
+        return folder.release();
+    }
+
+    // The errno of a failure, 0 when the entry is written.
+    int write(archive *a, archive_entry *entry, const QList<QByteArray> &steps) const
+    {
+        Descriptor parent(parentOf(steps, true));
+        if (parent.get() < 0)
+            return errno;
+        const char *name = steps.last().constData();
+        const mode_t mode = archive_entry_perm(entry) & 0777;
+        if (const char *source = archive_entry_hardlink(entry)) {
+            const QList<QByteArray> from = stepsOf(source);
+            Descriptor fromParent(parentOf(from, false));
+            if (fromParent.get() < 0)
+                return errno;
+            return ::linkat(fromParent.get(), from.last().constData(), parent.get(), name, 0) == 0
+                       ? 0
+                       : errno;
+        }
+        switch (archive_entry_filetype(entry)) {
+        case AE_IFDIR:
+            if (::mkdirat(parent.get(), name, mode ? mode | 0700 : 0755) != 0 && errno != EEXIST)
+                return errno;
+            return 0;
+        case AE_IFLNK:
+            return ::symlinkat(archive_entry_symlink(entry), parent.get(), name) == 0 ? 0 : errno;
+        default:
+            break;
+        }
+        Descriptor file(::openat(parent.get(), name,
+                                 O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC,
+                                 mode ? mode | 0600 : 0644));
+        if (file.get() < 0)
+            return errno;
+        const void *block;
+        size_t size;
+        la_int64_t offset;
+        for (;;) {
+            const int r = archive_read_data_block(a, &block, &size, &offset);
+            if (r == ARCHIVE_EOF)
+                break;
+            if (r < ARCHIVE_WARN)
+                return -1; // the archive's own error
+            for (size_t done = 0; done < size;) {
+                const ssize_t n = ::pwrite(file.get(), static_cast<const char *>(block) + done,
+                                           size - done, offset + la_int64_t(done));
+                if (n < 0 && errno == EINTR)
+                    continue;
+                if (n <= 0)
+                    return n < 0 ? errno : EIO;
+                done += size_t(n);
+            }
+        }
+        if (archive_entry_size_is_set(entry))
+            (void)::ftruncate(file.get(), archive_entry_size(entry));
+        if (archive_entry_mtime_is_set(entry)) {
+            const struct timespec times[2] = {
+                {archive_entry_mtime(entry), archive_entry_mtime_nsec(entry)},
+                {archive_entry_mtime(entry), archive_entry_mtime_nsec(entry)}};
+            ::futimens(file.get(), times);
+        }
+        return 0;
+    }
+
+private:
+    int m_root;
+};
+
+} // namespace
+
+QString ArchiveExtractor::entryRefusal(archive_entry *entry)
+{
+    const QByteArray name = archive_entry_pathname(entry);
+    const char *hardlink = archive_entry_hardlink(entry);
+    const int type = archive_entry_filetype(entry);
+    QString why = pathRefusal(name);
+    if (why.isEmpty() && hardlink)
+        why = pathRefusal(hardlink);
+    if (why.isEmpty() && type == AE_IFLNK && !hardlink)
+        why = linkRefusal(name, archive_entry_symlink(entry));
+    // A kind of 0 is an entry that does not say: it is written as a file.
+    if (why.isEmpty() && type != 0 && type != AE_IFREG && type != AE_IFDIR && type != AE_IFLNK &&
+        !hardlink)
+        why = QStringLiteral("a device, FIFO or socket");
+    return why;
+}
+
+QString ArchiveExtractor::pathRefusal(const QByteArray &name)
+{
+    if (name.isEmpty())
+        return QStringLiteral("an entry without a name");
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8.decode(name);
+    if (utf8.hasError() || name.contains('\0'))
+        return QStringLiteral("a name that is not valid UTF-8");
+    if (name.startsWith('/'))
+        return QStringLiteral("an absolute path");
+    for (const QByteArray &step : name.split('/')) {
+        if (step == "..")
+            return QStringLiteral("a path that climbs out with \"..\"");
+    }
+    if (stepsOf(name).isEmpty())
+        return QStringLiteral("an entry without a name");
+    return QString();
+}
+
+QString ArchiveExtractor::linkRefusal(const QByteArray &name, const QByteArray &target)
+{
+    if (target.isEmpty() || target.startsWith('/'))
+        return QStringLiteral("a link to an absolute path");
+    // Depth below the extraction folder, walking from the link's folder.
+    qsizetype depth = stepsOf(name).size() - 1;
+    for (const QByteArray &step : target.split('/')) {
+        if (step.isEmpty() || step == ".")
+            continue;
+        depth += step == ".." ? -1 : 1;
+        if (depth < 0)
+            return QStringLiteral("a link that points out of the folder");
+    }
+    return QString();
+}
+
+QStringList ArchiveExtractor::volumesOf(const QString &archive)
+{
+    const QFileInfo info(archive);
+    const QString folder = info.absolutePath() + QLatin1Char('/');
+    static const QRegularExpression part(QStringLiteral("^(.*\\.part)(\\d+)(\\.rar)$"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch m = part.match(info.fileName());
+    QStringList volumes;
+    if (m.hasMatch()) {
+        const qsizetype width = m.captured(2).size();
+        for (int n = 1;; ++n) {
+            const QString v = folder + m.captured(1) +
+                              QStringLiteral("%1").arg(n, int(width), 10, QLatin1Char('0')) +
+                              m.captured(3);
+            if (!QFileInfo::exists(v))
+                break;
+            volumes.append(v);
+        }
+    } else if (info.suffix().compare(QLatin1String("rar"), Qt::CaseInsensitive) == 0) {
+        volumes.append(info.absoluteFilePath());
+        const QString stem = folder + info.completeBaseName() + QStringLiteral(".r");
+        for (int n = 0;
+             QFileInfo::exists(stem + QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'))); ++n)
+            volumes.append(stem + QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')));
+    }
+    if (volumes.isEmpty() || !volumes.contains(info.absoluteFilePath()))
+        volumes = {info.absoluteFilePath()};
+    return volumes;
+}
+
+ArchiveExtractor::Listing ArchiveExtractor::inspect(const QString &archive)
+{
+    Utf8Locale utf8;
+    Listing listing;
+    Reader reader = openReader(volumesOf(archive));
+    if (!reader) {
+        listing.error = QStringLiteral("the archive cannot be opened");
+        return listing;
+    }
+    archive_entry *entry;
+    int r;
+    while ((r = archive_read_next_header(reader.get(), &entry)) == ARCHIVE_OK ||
+           r == ARCHIVE_WARN) {
+        if (archive_entry_is_encrypted(entry))
+            listing.encrypted = true;
+        if (listing.refusal.isEmpty())
+            listing.refusal = entryRefusal(entry);
+        archive_read_data_skip(reader.get());
+    }
+    listing.readable = r == ARCHIVE_EOF;
+    if (!listing.readable) {
+        listing.error = errorOf(reader.get());
+        listing.encrypted = listing.encrypted || speaksOfEncryption(listing.error);
+    }
+    return listing;
+}
+
+ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, const QString &target,
+                                                    const Progress &progress)
+{
+    Utf8Locale utf8;
+    Outcome outcome;
+    const QStringList volumes = volumesOf(archive);
+    qint64 total = 0;
+    for (const QString &v : volumes)
+        total += QFileInfo(v).size();
+    Reader reader = openReader(volumes);
+    if (!reader)
+        return {Result::Failed, QStringLiteral("the archive cannot be opened"), 0};
+    Descriptor root(::open(QFile::encodeName(target).constData(),
+                           O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (root.get() < 0)
+        return {Result::Failed, QString::fromLocal8Bit(std::strerror(errno)), 0};
+    const Writer writer(root.get());
+
+    QString refused; // the first entry skipped for safety
+    archive_entry *entry;
+    for (;;) {
+        const int r = archive_read_next_header(reader.get(), &entry);
+        if (r == ARCHIVE_EOF)
+            break;
+        if (r < ARCHIVE_WARN) {
+            const QString error = errorOf(reader.get());
+            const Result why = speaksOfEncryption(error) ? Result::NeedsPassword : Result::Damaged;
+            return {why, error, outcome.entries};
+        }
+        const QByteArray name = archive_entry_pathname(entry);
+        QString why = entryRefusal(entry);
+        if (why.isEmpty() && archive_entry_is_data_encrypted(entry))
+            return {Result::NeedsPassword, QStringLiteral("encrypted entries"), outcome.entries};
+        if (!why.isEmpty()) {
+            if (refused.isEmpty())
+                refused =
+                    QString::fromUtf8(name.toPercentEncoding("/ ")) + QStringLiteral(": ") + why;
+            archive_read_data_skip(reader.get());
+            continue;
+        }
+        const int error = writer.write(reader.get(), entry, stepsOf(name));
+        if (error == ELOOP || error == ENOTDIR || error == EEXIST) {
+            // A step of its path is a link or a file: the entry would land
+            // elsewhere than its name says.
+            if (refused.isEmpty())
+                refused =
+                    QString::fromUtf8(name) + QStringLiteral(": its folder is a link or a file");
+            continue;
+        }
+        if (error == ENOSPC || error == EDQUOT)
+            return {Result::NoSpace, QString::fromLocal8Bit(std::strerror(error)), outcome.entries};
+        if (error < 0) {
+            const QString text = errorOf(reader.get());
+            return {speaksOfEncryption(text) ? Result::NeedsPassword : Result::Damaged, text,
+                    outcome.entries};
+        }
+        if (error > 0) {
+            return {Result::Failed,
+                    QString::fromUtf8(name) + QStringLiteral(": ") +
+                        QString::fromLocal8Bit(std::strerror(error)),
+                    outcome.entries};
+        }
+        ++outcome.entries;
+        const double read = double(archive_filter_bytes(reader.get(), -1));
+        if (progress && total > 0 && !progress(std::min(1.0, read / double(total))))
+            return {Result::Failed, QStringLiteral("stopped"), outcome.entries};
+    }
+    if (!refused.isEmpty())
+        return {Result::Unsafe, refused, outcome.entries};
+    return {Result::Done, QString(), outcome.entries};
+}
