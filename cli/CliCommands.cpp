@@ -1,9 +1,11 @@
 #include "cli/CliCommands.h"
 
+#include "cleaner/applications/KestalUninstallService.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/FinderScans.h"
+#include "cli/CliApplications.h"
 #include "cli/CliPrivacy.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
@@ -41,6 +43,8 @@ int CliCommands::usage(const QString &reason)
                "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
                "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
                "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
+               "       brenlow-cli clean Uninstaller --select APP... [--yes] [--json]\n"
+               "       brenlow-cli extensions toggle PATH\n"
                "       brenlow-cli status [--json] [--watch SECONDS]\n",
                stderr);
     return 1;
@@ -93,6 +97,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return usage(QStringLiteral("no command given"));
     SwitchLanguageService::initUserLanguage();
     FinderScans::registerAll();
+    KestalUninstallService::registerWithScanDriver();
     const QByteArray command = arguments.first();
     QStringList args;
     for (const QByteArray &a : arguments.mid(1))
@@ -107,5 +112,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return privacy ? CliPrivacy::clean(arguments.mid(1)) : clean(arguments.mid(1));
     if (command == "status")
         return status(args);
+    if (command == "extensions")
+        return CliApplications::extensions(arguments.mid(1));
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

@@ -2,6 +2,7 @@
 
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/clean/MessageChannel.h"
+#include "helper/ExtensionMover.h"
 #include "helper/SafeRemoval.h"
 
 #include <QHash>
@@ -34,6 +35,7 @@ private:
 
     StdioChannel m_channel;
     SafeRemoval m_removal;
+    ExtensionMover m_mover;
     QThread m_worker;
     QObject m_onWorker; // what runs on m_worker is posted to this object
     QMutex m_lock;
