@@ -2,6 +2,7 @@
 // service and the real helper.
 #include "TestPaths.h"
 #include "support/CliProcess.h"
+#include "support/MadeInHome.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
@@ -37,33 +38,6 @@ void write(const QString &path, const QByteArray &data)
     QVERIFY(f.open(QIODevice::WriteOnly));
     f.write(data);
 }
-
-// Takes away what a test made in the real home, pass or fail, and the
-// folders it had to make for it.
-struct MadeInHome {
-    QStringList items;
-    QStringList folders; // made by the test, removed when empty, deepest first
-    ~MadeInHome()
-    {
-        for (const QString &item : std::as_const(items)) {
-            QFileInfo info(item);
-            if (info.isDir() && !info.isSymLink())
-                QDir(item).removeRecursively();
-            else
-                QFile::remove(item);
-        }
-        for (const QString &folder : std::as_const(folders))
-            QDir().rmdir(folder);
-    }
-    void makeFolder(const QString &path)
-    {
-        QStringList missing;
-        for (QString p = path; !QFileInfo::exists(p); p = QFileInfo(p).path())
-            missing << p;
-        QDir().mkpath(path);
-        folders += missing;
-    }
-};
 
 } // namespace
 
@@ -134,8 +108,7 @@ private slots:
         MadeInHome made;
         made.makeFolder(folder + "/" + name);
         made.items << folder + "/" + name << folder + ".disabled/" + name;
-        if (!QFileInfo::exists(folder + ".disabled"))
-            made.folders.prepend(folder + ".disabled");
+        made.mayMake(folder + ".disabled");
 
         CliProcess::Result off = cli(env, {"extensions", "toggle", folder + "/" + name});
         QVERIFY2(off.exitCode == 0, off.err.constData());
