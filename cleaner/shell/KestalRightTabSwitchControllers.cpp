@@ -1,9 +1,11 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
+#include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
+#include "cleaner/shell/KestalExtensionsTopDetailViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
@@ -22,7 +24,9 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         m_overViews.insert(i, overView);
         auto *cleaning = new KestalCleaningViewAndLogViewController(i, this);
         m_messages.insert(i, message);
-        auto *detail = new KestalDetailViewController(i, this);
+        auto *detail = i == ExtensionsFolderInfo::moduleIndex
+                           ? new KestalExtensionsTopDetailViewController(this)
+                           : new KestalDetailViewController(i, this);
         m_cleanings.insert(i, cleaning);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.

@@ -13,7 +13,8 @@ void KestalTrashOfferDialog::install()
     KestalNotificationService::setFallback([](const QString &title, const QString &text,
                                               std::function<void(bool)> answer) {
         // Not modal: the offer must not hold up whatever the user is doing.
-        auto *box = new QMessageBox(QMessageBox::Question, title, text);
+        auto *box = new QMessageBox(QMessageBox::Question, title, title);
+        box->setInformativeText(text);
         box->setObjectName(QStringLiteral("trashOffer"));
         box->setAttribute(Qt::WA_DeleteOnClose);
         QPushButton *clean =

@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>Bereiche, die in die Systemeinstellungen geladen werden</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>Ein</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Aus</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Ausschalten</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Einschalten</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Name</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Pfad</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Größe</translation>
+        </message>
     </context>
 </TS>

@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>Panes that load into System Preferences</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>On</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Off</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Turn it off</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Turn it on</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Name</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Path</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Size</translation>
+        </message>
     </context>
 </TS>

@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>Paneles que se cargan en Preferencias del Sistema</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>Activado</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Desactivado</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Desactivarlo</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Activarlo</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Nombre</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Ruta</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Tamaño</translation>
+        </message>
     </context>
 </TS>

@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>Sous-fenêtres chargées dans les Préférences Système</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>Activé</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Désactivé</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Le désactiver</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>L’activer</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Nom</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Chemin</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Taille</translation>
+        </message>
     </context>
 </TS>

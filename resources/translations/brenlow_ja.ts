@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>システム環境設定に読み込まれるパネル</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>オン</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>オフ</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>オフにする</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>オンにする</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>名前</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>パス</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>サイズ</translation>
+        </message>
     </context>
 </TS>

@@ -930,5 +930,33 @@
             <source>Panes that load into System Preferences</source>
             <translation>載入系統偏好設定的面板</translation>
         </message>
+        <message>
+            <source>On</source>
+            <translation>開啟</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>關閉</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>停用</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>啟用</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>名稱</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>路徑</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>大小</translation>
+        </message>
     </context>
 </TS>

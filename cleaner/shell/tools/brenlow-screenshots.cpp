@@ -1,10 +1,14 @@
 // Renders the main window to PNG files for the documentation and for review:
 // each module's overview, in each language asked for; with --workflow, the
 // states of System Junk and Auto Cleanup from scan to log, over whatever the
-// home and root hold (scripts/screenshots builds a tree for them).
+// home and root hold (scripts/screenshots builds a tree for them); with
+// --applications, the extensions' result and review, and the offer made when
+// an application of ~/Applications is thrown into the Trash.
 //
-//   brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE | --workflow | --applications] OUTPUT_DIR [LANGUAGE...]
+#include "cleaner/applications/ApplicationPlaces.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Platform.h"
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalDetailViewController.h"
@@ -20,6 +24,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
@@ -137,6 +142,48 @@ public:
         shoot(stem + QStringLiteral("-log"));
     }
 
+    // The extensions' result and review; then the offer for an application
+    // thrown into the Trash (a dialog where no notification server answers).
+    void applications()
+    {
+        constexpr int extensions = 12;
+        const QString tab = AppModuleService::appModules().at(extensions).tab;
+        KestalRightSplitController *right = m_root->rightSplit();
+        KestalRightBottomViewController *bar = right->bottomSwitch()->barOfModule(extensions);
+        m_root->leftTable()->selectModule(extensions);
+        bar->overViewScanBtn()->click();
+        if (!waitFor(tab, viewStatus::scandone_NoEmpty))
+            return;
+        shoot(QStringLiteral("extensions-scan-done"));
+        bar->reviewBtn()->click();
+        shoot(QStringLiteral("extensions-review"));
+
+        const QString app = QDir::home().filePath(QStringLiteral("Applications/Tool-1.2.AppImage"));
+        QDir().mkpath(ApplicationPlaces::trashItemsFolder());
+        QDir().mkpath(Platform::trashPath() + QStringLiteral("/info"));
+        QFile info(Platform::trashPath() + QStringLiteral("/info/Tool-1.2.AppImage.trashinfo"));
+        if (info.open(QIODevice::WriteOnly))
+            info.write("[Trash Info]\nPath=" + QFile::encodeName(app) + "\n");
+        info.close();
+        QDir().rename(app,
+                      ApplicationPlaces::trashItemsFolder() + QStringLiteral("/Tool-1.2.AppImage"));
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 20000) {
+            for (QWidget *top : QApplication::topLevelWidgets()) {
+                if (top->objectName() == QLatin1String("trashOffer") && top->isVisible()) {
+                    settle();
+                    shoot(QStringLiteral("trash-offer"), false, top);
+                    top->close();
+                    return;
+                }
+            }
+            QApplication::processEvents();
+            QThread::msleep(5);
+        }
+        QTextStream(stderr) << "the Trash offer never came\n";
+    }
+
 private:
     QMainWindow *m_window;
     KestalRootViewController *m_root;
@@ -154,8 +201,12 @@ int main(int argc, char *argv[])
     QStringList args = QApplication::arguments().mid(1);
     QString only;
     bool workflow = false;
+    bool applications = false;
     if (!args.isEmpty() && args.first() == QLatin1String("--workflow")) {
         workflow = true;
+        args = args.mid(1);
+    } else if (!args.isEmpty() && args.first() == QLatin1String("--applications")) {
+        applications = true;
         args = args.mid(1);
     } else if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
         only = args.at(1);
@@ -163,8 +214,8 @@ int main(int argc, char *argv[])
     }
     if (args.isEmpty()) {
         QTextStream(stderr)
-            << "usage: brenlow-screenshots [--module TITLE | --workflow] OUTPUT_DIR "
-               "[LANGUAGE...]\n";
+            << "usage: brenlow-screenshots [--module TITLE | --workflow | --applications] "
+               "OUTPUT_DIR [LANGUAGE...]\n";
         return 1;
     }
     const QString out = args.first();
@@ -185,6 +236,12 @@ int main(int argc, char *argv[])
     const QString suffix = scale > 1.0 ? QStringLiteral("@%1x").arg(scale) : QString();
 
     const QList<Module> &modules = AppModuleService::appModules();
+    if (applications) {
+        if (QAction *item = delegate.languageItem(languages.first()))
+            item->trigger();
+        WorkflowShots(window, root, out, languages.first(), suffix).applications();
+        return 0;
+    }
     if (workflow) {
         // One language a run: a clean changes the tree the next one would see.
         if (QAction *item = delegate.languageItem(languages.first()))
