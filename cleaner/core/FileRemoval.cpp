@@ -217,7 +217,7 @@ FileRemoval::Result FileRemoval::remove(const QByteArray &clean,
     const QList<QByteArray> steps = clean.mid(1).split('/');
     const QByteArray &name = steps.last();
 
-    Descriptor parent(openFolder(clean->left(clean->size() - name.size() - 1)));
+    Descriptor parent(openFolder(clean.left(clean.size() - name.size() - 1)));
     if (parent.get() < 0)
         return outcomeOf(errno);
 
