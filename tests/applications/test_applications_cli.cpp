@@ -1,6 +1,5 @@
 // The uninstaller and the extensions through the real brenlow-cli, the real
 // service and the real helper.
-#include "TestPaths.h"
 #include "support/CliProcess.h"
 #include "support/MadeInHome.h"
 #include "support/TestEnvironment.h"
@@ -18,17 +17,13 @@ namespace {
 
 CliProcess::Result cli(const TestEnvironment &env, const QStringList &args)
 {
-    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-    e.insert("BRENLOW_PLATFORM", "linux");
-    e.insert("BRENLOW_ROOT", env.root());
-    e.insert("BRENLOW_RESOURCES", env.resources());
-    e.insert("HOME", env.home());
+    QProcessEnvironment e = CliProcess::environmentOf(env);
     // The helper runs with our own rights, for our own home.
     e.insert("BRENLOW_HELPER_LAUNCHER", "");
     QByteArrayList bytes;
     for (const QString &a : args)
         bytes << QFile::encodeName(a);
-    return CliProcess::run(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), bytes, e);
+    return CliProcess::run(CliProcess::program(), bytes, e);
 }
 
 void write(const QString &path, const QByteArray &data)
