@@ -1,3 +1,4 @@
+#include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/clean/CleanResults.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/core/AppModuleService.h"
@@ -5,6 +6,8 @@
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
 #include "cleaner/scan/KestalService.h"
+#include "cleaner/scan/UninstallService.h"
+#include "cli/CliApplications.h"
 #include "cli/CliCommands.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
@@ -145,9 +148,12 @@ int CliCommands::clean(const QByteArrayList &args)
                 continue;
             }
             o.select = QStringLiteral("paths");
-            o.paths.append(absolutePath(first));
+            QByteArrayList names{first};
             while (i + 1 < args.size() && !args[i + 1].startsWith("--"))
-                o.paths.append(absolutePath(args[++i]));
+                names.append(args[++i]);
+            for (const QByteArray &name : std::as_const(names))
+                o.paths.append(absolutePath(name));
+            o.names += names;
         } else {
             rest.append(QString::fromLocal8Bit(a));
         }
@@ -164,6 +170,9 @@ int CliCommands::clean(const QByteArrayList &args)
             QStringLiteral("no module named \"%1\"").arg(TerminalText::escaped(rest.first())));
     if (!applyFinderOptions(o.module, finderOptions, &error))
         return usage(error);
+    if (o.module == ExtensionsFolderInfo::moduleIndex)
+        return usage(QStringLiteral(
+            "extensions are switched off and on, never removed: extensions toggle PATH"));
     // Module 0 is Auto Cleanup when its categories name child modules.
     if (const QList<int> children = autoCleanupChildren(); o.module == 0 && !children.isEmpty())
         return cleanAutoCleanup(o, children);
@@ -172,7 +181,10 @@ int CliCommands::clean(const QByteArrayList &args)
                          .arg(TerminalText::escaped(rest.first())));
     QByteArray missing;
     bool listed = false;
-    if (KestalService::hasOwnScan(o.module) && o.select == QLatin1String("paths")) {
+    if (o.module == UninstallService::moduleIndex && o.select == QLatin1String("paths")) {
+        // Applications are named as the user sees them, or by their path.
+        listed = CliApplications::selectApplications(o.names, &missing);
+    } else if (KestalService::hasOwnScan(o.module) && o.select == QLatin1String("paths")) {
         // Everything unticked first; a file shown twice is then ticked once.
         CleanOptions nothing = o;
         nothing.select = QStringLiteral("none");

@@ -1,9 +1,11 @@
 #include "cli/CliCommands.h"
 
+#include "cleaner/applications/KestalUninstallService.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/ByteCount.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/FinderScans.h"
+#include "cli/CliApplications.h"
 #include "cli/CliEraser.h"
 #include "cli/CliPrivacy.h"
 #include "cli/JsonOutput.h"
@@ -42,6 +44,8 @@ int CliCommands::usage(const QString &reason)
                "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
                "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
                "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
+               "       brenlow-cli clean Uninstaller --select APP... [--yes] [--json]\n"
+               "       brenlow-cli extensions toggle PATH\n"
                "       brenlow-cli scan|clean \"Similar Images\" [--path DIR] [--threshold N] ...\n"
                "       brenlow-cli status [--json] [--watch SECONDS]\n"
                "       brenlow-cli shred PATH... [--yes]\n"
@@ -97,6 +101,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return usage(QStringLiteral("no command given"));
     SwitchLanguageService::initUserLanguage();
     FinderScans::registerAll();
+    KestalUninstallService::registerWithScanDriver();
     const QByteArray command = arguments.first();
     QStringList args;
     for (const QByteArray &a : arguments.mid(1))
@@ -115,5 +120,7 @@ int CliCommands::run(const QByteArrayList &arguments)
         return CliEraser::shred(arguments.mid(1));
     if (command == "extract")
         return CliEraser::extract(arguments.mid(1));
+    if (command == "extensions")
+        return CliApplications::extensions(arguments.mid(1));
     return usage(QStringLiteral("unknown command \"%1\"").arg(TerminalText::escapedBytes(command)));
 }

@@ -51,6 +51,7 @@ public:
         int module = -1;
         QString select = QStringLiteral("default"); // default, all, or paths
         QByteArrayList paths;                       // absolute, as raw bytes
+        QByteArrayList names;                       // as typed (applications)
         bool yes = false;
         bool json = false;
     };

@@ -1,7 +1,9 @@
+#include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalAutoCleanupService.h"
 #include "cleaner/scan/KestalService.h"
+#include "cli/CliApplications.h"
 #include "cli/CliCommands.h"
 #include "cli/JsonOutput.h"
 #include "cli/ProgressBar.h"
@@ -157,6 +159,8 @@ int CliCommands::scan(const QStringList &args)
             QStringLiteral("no module named \"%1\"").arg(TerminalText::escaped(rest.first())));
     if (!applyFinderOptions(module, finderOptions, &error))
         return usage(error);
+    if (module == ExtensionsFolderInfo::moduleIndex)
+        return CliApplications::scanExtensions(json);
     // Module 0 is Auto Cleanup when its categories name child modules.
     if (const QList<int> children = autoCleanupChildren(); module == 0 && !children.isEmpty())
         return scanAutoCleanup(children, json);

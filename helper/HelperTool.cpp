@@ -7,7 +7,8 @@
 #include <sys/stat.h>
 
 HelperTool::HelperTool()
-    : m_channel(0, 1), m_removal(AllowList::forCaller()), m_shred(AllowList::forCaller())
+    : m_channel(0, 1), m_removal(AllowList::forCaller()), m_shred(AllowList::forCaller()),
+      m_mover(ExtensionMover::forCaller())
 {
     m_worker.setObjectName(QStringLiteral("helper operations"));
     m_onWorker.moveToThread(&m_worker);
@@ -136,8 +137,14 @@ void HelperTool::carryOut(const QCborMap &folders, const IdentityMap &identities
             status = outcome.status;
             if (status == int(errorKind::success))
                 m_channel.send(Wire::processedCall(it.key(), outcome.size, moduleIndex));
+        } else if (type == qint64(operationType::move)) {
+            // An extension switched off or on: moved, never removed.
+            const bool moved = m_mover.move(it.key(), identities.value(it.key())).moved;
+            status = int(moved ? errorKind::success : errorKind::delete_);
+            if (moved)
+                m_channel.send(Wire::processedCall(it.key(), 0, moduleIndex));
         } else if (type != qint64(operationType::delete_)) {
-            // Moving and the volume switch are not carried out yet.
+            // The volume switch is not carried out yet.
             status = int(errorKind::nocause);
         } else {
             struct stat st;

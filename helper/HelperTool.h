@@ -2,6 +2,7 @@
 
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/clean/MessageChannel.h"
+#include "helper/ExtensionMover.h"
 #include "helper/SafeRemoval.h"
 #include "helper/SafeShred.h"
 
@@ -36,6 +37,7 @@ private:
     StdioChannel m_channel;
     SafeRemoval m_removal;
     SafeShred m_shred;
+    ExtensionMover m_mover;
     QThread m_worker;
     QObject m_onWorker; // what runs on m_worker is posted to this object
     QMutex m_lock;

@@ -150,6 +150,27 @@ std::optional<QByteArray> FileRemoval::normalized(const QByteArray &path)
     return out.isEmpty() ? QByteArray("/") : out;
 }
 
+int FileRemoval::openFolder(const QByteArray &folder)
+{
+    const std::optional<QByteArray> clean = normalized(folder.isEmpty() ? "/" : folder);
+    if (!clean) {
+        errno = EINVAL;
+        return -1;
+    }
+    // Every folder on the way, from "/", without following a link.
+    Descriptor current(::open("/", kStepFlags & ~O_NOFOLLOW));
+    const QList<QByteArray> steps = clean->mid(1).split('/');
+    for (qsizetype i = 0; current.get() >= 0 && i < steps.size(); ++i) {
+        if (steps[i].isEmpty())
+            continue;
+        const int next = openat(current.get(), steps[i].constData(), kStepFlags);
+        const int error = errno;
+        current.reset(next);
+        errno = error;
+    }
+    return current.release();
+}
+
 FileRemoval::Result FileRemoval::removeListed(const QByteArray &path, const ItemIdentity &expected)
 {
     const std::optional<QByteArray> clean = normalized(path);
@@ -174,14 +195,7 @@ FileRemoval::Result FileRemoval::remove(const QByteArray &clean,
     const QList<QByteArray> steps = clean.mid(1).split('/');
     const QByteArray &name = steps.last();
 
-    // Every folder on the way, from "/", without following a link.
-    Descriptor parent(::open("/", kStepFlags & ~O_NOFOLLOW));
-    for (qsizetype i = 0; parent.get() >= 0 && i + 1 < steps.size(); ++i) {
-        const int next = openat(parent.get(), steps[i].constData(), kStepFlags);
-        const int error = errno;
-        parent.reset(next);
-        errno = error;
-    }
+    Descriptor parent(openFolder(clean.left(clean.size() - name.size() - 1)));
     if (parent.get() < 0)
         return outcomeOf(errno);
 

@@ -46,6 +46,10 @@ public:
     // Whether the folder holding the item lets this process remove it.
     static bool isDeletable(const QByteArray &path);
 
+    // Opens a folder (O_PATH) by opening every folder on the way from "/"
+    // without following a link; -1 with errno on failure. The caller closes it.
+    static int openFolder(const QByteArray &folder);
+
     // "/a//b/" -> "/a/b"; nothing for a relative path, a NUL, or a "." or
     // ".." step, which could lead a check of the string astray.
     static std::optional<QByteArray> normalized(const QByteArray &path);

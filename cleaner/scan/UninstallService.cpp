@@ -40,4 +40,14 @@ const QStringList UninstallService::BLACK_LIST = {
     QStringLiteral("Game Center.app"),
     // This edition, so the program never offers to remove itself.
     QStringLiteral("Brenlow.app"),
+    // The Linux edition, as an AppImage or an application folder.
+    QStringLiteral("Brenlow.AppImage"),
+    QStringLiteral("Brenlow"),
+};
+
+const QStringList UninstallService::WHITE_LIST = {
+    QStringLiteral("com."),
+    QStringLiteral("org."),
+    QStringLiteral("cx.c3"),
+    QStringLiteral("co."),
 };

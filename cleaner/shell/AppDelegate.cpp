@@ -1,5 +1,9 @@
 #include "cleaner/shell/AppDelegate.h"
 
+#include "cleaner/applications/ApplicationPlaces.h"
+#include "cleaner/applications/KestalFolderEventMonitor.h"
+#include "cleaner/applications/KestalUninstallService.h"
+#include "cleaner/clean/KestalNotificationService.h"
 #include "cleaner/core/HelpPages.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/SettingInfo.h"
@@ -15,6 +19,7 @@
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalStatusItem.h"
 #include "cleaner/shell/KestalStatusViewController.h"
+#include "cleaner/shell/KestalTrashOfferDialog.h"
 #include "cleaner/shell/LanguageNotifier.h"
 #include "cleaner/shell/UIUtil.h"
 #include "cleaner/shell/Workspace.h"
@@ -72,6 +77,12 @@ AppDelegate::AppDelegate()
     // The modules whose scan is their own reach the scan driver from here.
     FinderScans::registerAll();
     PrivacyService::registerWithScanDriver();
+    KestalUninstallService::registerWithScanDriver();
+    // The Trash watch starts with the program and outlives the window.
+    KestalNotificationService::main();
+    KestalTrashOfferDialog::install();
+    m_trashMonitor =
+        std::make_unique<KestalFolderEventMonitor>(ApplicationPlaces::trashItemsFolder());
     m_dockMenu = std::make_unique<QMenu>();
     m_dockMenu->setTitle(QStringLiteral("MyMenu"));
     buildMenus();

@@ -8,6 +8,7 @@
 #include <memory>
 
 class EventMonitor;
+class KestalFolderEventMonitor;
 class KestalStatusItem;
 class QAction;
 class QActionGroup;
@@ -50,6 +51,7 @@ public:
     QAction *linkItem(const QString &key) const { return m_linkItems.value(key); }
     QAction *duplicateConfigurationItem() const { return m_duplicateConfigurationItem; }
     EventMonitor *eventMonitor() const { return m_eventMonitor.get(); }
+    KestalFolderEventMonitor *trashMonitor() const { return m_trashMonitor.get(); }
     // The status panel, once the status item exists; the monitor closes it.
     QPointer<QWidget> popover;
 
@@ -70,6 +72,8 @@ private:
     void openWelcomePage();
 
     QPointer<QMainWindow> m_mainWindow;
+    // Watches the Trash for applications thrown away, for the whole run.
+    std::unique_ptr<KestalFolderEventMonitor> m_trashMonitor;
     std::unique_ptr<QMenu> m_dockMenu;
     std::unique_ptr<QMenu> m_appMenu;
     std::unique_ptr<QMenu> m_languageMenu;

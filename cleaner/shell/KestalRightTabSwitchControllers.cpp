@@ -1,16 +1,18 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 
+#include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
+#include "cleaner/shell/KestalEraserBottomController.h"
+#include "cleaner/shell/KestalEraserCleaningViewAndLogViewController.h"
+#include "cleaner/shell/KestalExtensionsTopDetailViewController.h"
 #include "cleaner/shell/KestalFinderBottomViewControllers.h"
 #include "cleaner/shell/KestalFinderDetailViewControllers.h"
 #include "cleaner/shell/KestalPrivacyBottomViewController.h"
 #include "cleaner/shell/KestalPrivacyTopDetailRigthOutlineView.h"
-#include "cleaner/shell/KestalEraserBottomController.h"
-#include "cleaner/shell/KestalEraserCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
 #include "cleaner/shell/KestalRightSplitController.h"
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
@@ -46,6 +48,8 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
             i == PrivacyService::moduleIndex
                 ? new KestalDetailViewController(i, this,
                                                  new KestalPrivacyTopDetailRigthOutlineView(i))
+            : i == ExtensionsFolderInfo::moduleIndex
+                ? new KestalExtensionsTopDetailViewController(this)
                 : KestalFinderDetailViewControllers::create(i, this);
         if (!detail)
             detail = new KestalDetailViewController(i, this);

@@ -999,4 +999,119 @@
             <translation>Zurück zur Liste</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>Gründliche Deinstallation</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>Möchten Sie die App mit allen Resten vollständig entfernen</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>Bereinigung fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>Bereinigung abgeschlossen</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>Sie haben bereinigt: </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>Ausgeschaltet</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>Eingeschaltet</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>Das Hilfsprogramm hat das Verschieben abgelehnt: Es liegt in keinem der Erweiterungsordner, oder am Ziel liegt bereits ein Objekt dieses Namens</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>Autostart-Programme</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>Programme, die beim Anmelden starten</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>Benutzerdienste</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>Dienste Ihrer Sitzung, die systemd für Sie startet</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>Shell-Erweiterungen</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>Erweiterungen, die in die GNOME Shell geladen werden</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>Browser-Plug-ins</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>Plug-ins, die in Firefox geladen werden</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>Startagenten</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>Internet-Plug-ins</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>Plug-ins, die in Webbrowser geladen werden</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>Systemeinstellungsbereiche</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>Bereiche, die in die Systemeinstellungen geladen werden</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>Ein</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Aus</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Ausschalten</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Einschalten</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Name</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Pfad</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Größe</translation>
+        </message>
+    </context>
 </TS>

@@ -999,4 +999,119 @@
             <translation>Back to the list</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>In-depth Uninstallation</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>Would you like to completely remove the app and its leftovers</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>Clean Fail</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>Cleanup Completed</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>You had clean </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>Switched off</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>Switched on</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>Startup Applications</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>Programs that start when you log in</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>User Services</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>Services of your session that systemd starts for you</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>Shell Extensions</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>Extensions that load into the GNOME Shell</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>Browser Plug-ins</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>Plug-ins that load into Firefox</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>Launch Agents</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>Internet Plug-ins</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>Plug-ins that load into web browsers</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>Preference Panes</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>Panes that load into System Preferences</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>On</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Off</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Turn it off</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Turn it on</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Name</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Path</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Size</translation>
+        </message>
+    </context>
 </TS>

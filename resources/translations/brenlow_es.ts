@@ -999,4 +999,119 @@
             <translation>Volver a la lista</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>Desinstalación a fondo</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>¿Desea eliminar por completo la aplicación y sus restos</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>La limpieza falló</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>Limpieza completada</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>Ha limpiado </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>Desactivado</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>Activado</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>El asistente se negó a moverlo: no está en ninguna de las carpetas de extensiones, o ya hay un elemento con su nombre en el destino</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>Aplicaciones al inicio</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>Programas que se inician al iniciar sesión</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>Servicios del usuario</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>Servicios de su sesión que systemd inicia por usted</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>Extensiones de GNOME Shell</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>Extensiones que se cargan en GNOME Shell</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>Complementos del navegador</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>Complementos que se cargan en Firefox</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>Agentes de inicio</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>Complementos de Internet</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>Complementos que se cargan en los navegadores</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>Paneles de preferencias</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>Paneles que se cargan en Preferencias del Sistema</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>Activado</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Desactivado</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Desactivarlo</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>Activarlo</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Nombre</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Ruta</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Tamaño</translation>
+        </message>
+    </context>
 </TS>

@@ -999,4 +999,119 @@
             <translation>Retour à la liste</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>Désinstallation complète</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>Voulez-vous supprimer complètement l’application et ses restes</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>Le nettoyage a échoué</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>Nettoyage terminé</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>Vous avez nettoyé </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>Désactivé</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>Activé</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>L’assistant a refusé de le déplacer : il ne se trouve dans aucun des dossiers d’extensions, ou un élément du même nom se trouve déjà à destination</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>Applications au démarrage</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>Programmes lancés à l’ouverture de session</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>Services de l’utilisateur</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>Services de votre session que systemd démarre pour vous</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>Extensions du Shell</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>Extensions chargées dans GNOME Shell</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>Modules du navigateur</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>Modules chargés dans Firefox</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>Agents de lancement</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>Modules Internet</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>Modules chargés dans les navigateurs web</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>Sous-fenêtres de préférences</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>Sous-fenêtres chargées dans les Préférences Système</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>Activé</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>Désactivé</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>Le désactiver</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>L’activer</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>Nom</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>Chemin</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>Taille</translation>
+        </message>
+    </context>
 </TS>

@@ -999,4 +999,119 @@
             <translation>リストに戻る</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>完全アンインストール</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>アプリとその残りのファイルを完全に削除しますか</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>クリーンアップに失敗しました</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>クリーンアップが完了しました</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>クリーンアップした容量: </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>オフにしました</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>オンにしました</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>ヘルパーは移動を拒否しました: どの拡張機能フォルダにもないか、移動先に同じ名前の項目が既にあります</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>スタートアップアプリケーション</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>ログイン時に起動するプログラム</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>ユーザーサービス</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>systemd がセッションで起動するサービス</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>シェル拡張機能</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>GNOME Shell に読み込まれる拡張機能</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>ブラウザのプラグイン</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>Firefox に読み込まれるプラグイン</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>起動エージェント</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>インターネットプラグイン</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>Web ブラウザに読み込まれるプラグイン</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>環境設定パネル</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>システム環境設定に読み込まれるパネル</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>オン</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>オフ</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>オフにする</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>オンにする</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>名前</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>パス</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>サイズ</translation>
+        </message>
+    </context>
 </TS>

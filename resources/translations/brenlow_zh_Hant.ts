@@ -999,4 +999,119 @@
             <translation>返回清單</translation>
         </message>
     </context>
+    <context>
+        <name>Applications</name>
+        <message>
+            <source>In-depth Uninstallation</source>
+            <translation>深度解除安裝</translation>
+        </message>
+        <message>
+            <source>Would you like to completely remove the app and its leftovers</source>
+            <translation>要完全移除此應用程式及其殘留檔案嗎</translation>
+        </message>
+        <message>
+            <source>Clean Fail</source>
+            <translation>清理失敗</translation>
+        </message>
+        <message>
+            <source>Cleanup Completed</source>
+            <translation>清理完成</translation>
+        </message>
+        <message>
+            <source>You had clean </source>
+            <translation>您已清理 </translation>
+        </message>
+        <message>
+            <source>Switched off</source>
+            <translation>已停用</translation>
+        </message>
+        <message>
+            <source>Switched on</source>
+            <translation>已啟用</translation>
+        </message>
+        <message>
+            <source>The helper refused to move it: it lies in none of the extension folders, or an item of its name is already where it would go</source>
+            <translation>輔助程式拒絕移動: 它不在任何延伸功能資料夾中, 或目的地已有同名項目</translation>
+        </message>
+        <message>
+            <source>Startup Applications</source>
+            <translation>啟動應用程式</translation>
+        </message>
+        <message>
+            <source>Programs that start when you log in</source>
+            <translation>登入時啟動的程式</translation>
+        </message>
+        <message>
+            <source>User Services</source>
+            <translation>使用者服務</translation>
+        </message>
+        <message>
+            <source>Services of your session that systemd starts for you</source>
+            <translation>systemd 為您的工作階段啟動的服務</translation>
+        </message>
+        <message>
+            <source>Shell Extensions</source>
+            <translation>Shell 延伸功能</translation>
+        </message>
+        <message>
+            <source>Extensions that load into the GNOME Shell</source>
+            <translation>載入 GNOME Shell 的延伸功能</translation>
+        </message>
+        <message>
+            <source>Browser Plug-ins</source>
+            <translation>瀏覽器外掛程式</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into Firefox</source>
+            <translation>載入 Firefox 的外掛程式</translation>
+        </message>
+        <message>
+            <source>Launch Agents</source>
+            <translation>啟動代理程式</translation>
+        </message>
+        <message>
+            <source>Internet Plug-ins</source>
+            <translation>網際網路外掛程式</translation>
+        </message>
+        <message>
+            <source>Plug-ins that load into web browsers</source>
+            <translation>載入網頁瀏覽器的外掛程式</translation>
+        </message>
+        <message>
+            <source>Preference Panes</source>
+            <translation>偏好設定面板</translation>
+        </message>
+        <message>
+            <source>Panes that load into System Preferences</source>
+            <translation>載入系統偏好設定的面板</translation>
+        </message>
+        <message>
+            <source>On</source>
+            <translation>開啟</translation>
+        </message>
+        <message>
+            <source>Off</source>
+            <translation>關閉</translation>
+        </message>
+        <message>
+            <source>Turn it off</source>
+            <translation>停用</translation>
+        </message>
+        <message>
+            <source>Turn it on</source>
+            <translation>啟用</translation>
+        </message>
+        <message>
+            <source>Name</source>
+            <translation>名稱</translation>
+        </message>
+        <message>
+            <source>Path</source>
+            <translation>路徑</translation>
+        </message>
+        <message>
+            <source>Size</source>
+            <translation>大小</translation>
+        </message>
+    </context>
 </TS>

@@ -2,6 +2,7 @@
 // where a stand-in answers on a connection of its own.
 
 #include "cleaner/shell/Workspace.h"
+#include "support/PrivateSessionBus.h"
 #include "support/TreeBuilder.h"
 
 #include <QDBusConnection>
@@ -32,7 +33,7 @@ class WorkspaceTest : public QObject {
     Q_OBJECT
 
 private:
-    QProcess m_daemon;
+    PrivateSessionBus m_bus;
     QTemporaryDir m_data;
     TreeBuilder m_tree;
     QList<QUrl> m_opened;
@@ -53,17 +54,10 @@ private slots:
         // Not the system's services: a file manager installed there would start.
         env.insert("XDG_DATA_HOME", m_data.path());
         env.insert("XDG_DATA_DIRS", m_data.path());
-        m_daemon.setProcessEnvironment(env);
-        m_daemon.start("dbus-daemon", {"--session", "--print-address", "--nofork"});
-        QVERIFY2(m_daemon.waitForStarted(), "dbus-daemon is needed (scripts/bootstrap)");
-        while (!m_daemon.canReadLine())
-            QVERIFY(m_daemon.waitForReadyRead(10000));
-        const QByteArray address = m_daemon.readLine().trimmed();
-        // Before the first use: the session bus connection is made only once.
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        const QString address = m_bus.start(env);
+        QVERIFY2(!address.isEmpty(), "dbus-daemon is needed (scripts/bootstrap)");
         QVERIFY(QDBusConnection::sessionBus().isConnected());
-        QVERIFY(QDBusConnection::connectToBus(QString::fromUtf8(address), standInConnection)
-                    .isConnected());
+        QVERIFY(QDBusConnection::connectToBus(address, standInConnection).isConnected());
 
         Workspace::setOpenerForTesting([this](const QUrl &url) {
             m_opened.append(url);
@@ -76,8 +70,7 @@ private slots:
     {
         Workspace::setOpenerForTesting({});
         QDBusConnection::disconnectFromBus(standInConnection);
-        m_daemon.kill();
-        m_daemon.waitForFinished();
+        m_bus.stop();
     }
 
     void cleanup()

@@ -4,9 +4,14 @@
 // home and root hold (scripts/screenshots builds a tree for them); with
 // --privacy, the privacy module's states over the browsers' stores in the
 // home (scripts/privacy-screenshots).
+// --applications, the extensions' result and review, and the offer made when
+// an application of ~/Applications is thrown into the Trash.
 //
-//   brenlow-screenshots [--module TITLE | --workflow | --privacy] OUTPUT_DIR [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE | --workflow | --privacy | --applications] OUTPUT_DIR
+//                       [LANGUAGE...]
+#include "cleaner/applications/ApplicationPlaces.h"
 #include "cleaner/core/AppModuleService.h"
+#include "cleaner/core/Platform.h"
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/privacy/PrivacyService.h"
 #include "cleaner/shell/AppDelegate.h"
@@ -23,6 +28,8 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTextStream>
@@ -132,6 +139,48 @@ public:
         shoot(stem + QStringLiteral("-log"));
     }
 
+    // The extensions' result and review; then the offer for an application
+    // thrown into the Trash (a dialog where no notification server answers).
+    void applications()
+    {
+        constexpr int extensions = 12;
+        const QString tab = AppModuleService::appModules().at(extensions).tab;
+        KestalRightSplitController *right = m_root->rightSplit();
+        KestalRightBottomViewController *bar = right->bottomSwitch()->barOfModule(extensions);
+        m_root->leftTable()->selectModule(extensions);
+        bar->overViewScanBtn()->click();
+        if (!waitFor(tab, viewStatus::scandone_NoEmpty))
+            return;
+        shoot(QStringLiteral("extensions-scan-done"));
+        bar->reviewBtn()->click();
+        shoot(QStringLiteral("extensions-review"));
+
+        const QString app = QDir::home().filePath(QStringLiteral("Applications/Tool-1.2.AppImage"));
+        QDir().mkpath(ApplicationPlaces::trashItemsFolder());
+        QDir().mkpath(Platform::trashPath() + QStringLiteral("/info"));
+        QFile info(Platform::trashPath() + QStringLiteral("/info/Tool-1.2.AppImage.trashinfo"));
+        if (info.open(QIODevice::WriteOnly))
+            info.write("[Trash Info]\nPath=" + QFile::encodeName(app) + "\n");
+        info.close();
+        QDir().rename(app,
+                      ApplicationPlaces::trashItemsFolder() + QStringLiteral("/Tool-1.2.AppImage"));
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 20000) {
+            for (QWidget *top : QApplication::topLevelWidgets()) {
+                if (top->objectName() == QLatin1String("trashOffer") && top->isVisible()) {
+                    settle();
+                    shoot(QStringLiteral("trash-offer"), false, top);
+                    top->close();
+                    return;
+                }
+            }
+            QApplication::processEvents();
+            QThread::msleep(5);
+        }
+        QTextStream(stderr) << "the Trash offer never came\n";
+    }
+
 private:
     QMainWindow *m_window;
     KestalRootViewController *m_root;
@@ -150,10 +199,14 @@ int main(int argc, char *argv[])
     QString only;
     bool workflow = false;
     bool privacy = false;
+    bool applications = false;
     if (!args.isEmpty() && (args.first() == QLatin1String("--workflow") ||
                             args.first() == QLatin1String("--privacy"))) {
         workflow = args.first() == QLatin1String("--workflow");
         privacy = !workflow;
+        args = args.mid(1);
+    } else if (!args.isEmpty() && args.first() == QLatin1String("--applications")) {
+        applications = true;
         args = args.mid(1);
     } else if (args.size() >= 2 && args.first() == QLatin1String("--module")) {
         only = args.at(1);
@@ -161,8 +214,8 @@ int main(int argc, char *argv[])
     }
     if (args.isEmpty()) {
         QTextStream(stderr)
-            << "usage: brenlow-screenshots [--module TITLE | --workflow | --privacy] OUTPUT_DIR "
-               "[LANGUAGE...]\n";
+            << "usage: brenlow-screenshots [--module TITLE | --workflow | --privacy | "
+               "--applications] OUTPUT_DIR [LANGUAGE...]\n";
         return 1;
     }
     const QString out = args.first();
@@ -179,6 +232,12 @@ int main(int argc, char *argv[])
     const QString suffix = scale > 1.0 ? QStringLiteral("@%1x").arg(scale) : QString();
 
     const QList<Module> &modules = AppModuleService::appModules();
+    if (applications) {
+        if (QAction *item = delegate.languageItem(languages.first()))
+            item->trigger();
+        WorkflowShots(window, root, out, languages.first(), suffix).applications();
+        return 0;
+    }
     if (workflow || privacy) {
         // One language a run: a clean changes the tree the next one would see.
         if (QAction *item = delegate.languageItem(languages.first()))
