@@ -5,7 +5,7 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/KestalDecompressionService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cli/CliCommands.h"
@@ -186,7 +186,7 @@ int CliEraser::extract(const QByteArrayList &args)
     bar.finish();
     const QString line = KestalDecompressionService::describe(outcome);
     if (outcome.result != ArchiveExtractor::Result::Done) {
-        const QString failed = erasureText(KestalDecompressionService::isRar(archive)
+        const QString failed = getLocalizedString(KestalDecompressionService::isRar(archive)
                                                ? QStringLiteral("Compress Failed")
                                                : QStringLiteral("Decompress Failed"));
         std::fprintf(stderr, "brenlow-cli: %s: %s\n", failed.toLocal8Bit().constData(),

@@ -107,16 +107,6 @@ QString getLocalizedString(const QString &key)
     if (!bundle)
         return key;
     const QByteArray utf8 = key.toUtf8();
-#ifdef BRENLOW_TS_CONTEXTS
-    // The build names every context of the translation files, "English" first.
-    static const char *const contexts[] = {BRENLOW_TS_CONTEXTS};
-#else
-    static const char *const contexts[] = {"English"};
-#endif
-    for (const char *context : contexts) {
-        const QString text = bundle->translate(context, utf8.constData());
-        if (!text.isEmpty())
-            return text;
-    }
-    return key;
+    const QString text = bundle->translate("English", utf8.constData());
+    return text.isEmpty() ? key : text;
 }

@@ -5,7 +5,7 @@
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/FolderInfo.h"
 #include "cleaner/core/ResourceValues.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/KestalService.h"
 
 #include <QDir>
@@ -108,7 +108,7 @@ std::pair<bool, QString> ShredService::addFileOrDict(const QString &url)
         std::any_of(shredDict().begin(), shredDict().end(),
                     [&path](const QSet<QString> &files) { return files.contains(path); });
     if (listed)
-        return {false, erasureText(QStringLiteral("shred_sameFile_text"))};
+        return {false, getLocalizedString(QStringLiteral("shred_sameFile_text"))};
     const auto st = path.isEmpty() ? std::nullopt : itemStat(path);
     if (!st)
         return {false, url + QStringLiteral(" isn't exist")};

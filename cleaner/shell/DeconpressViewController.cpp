@@ -1,7 +1,7 @@
 #include "cleaner/shell/DeconpressViewController.h"
 
 #include "cleaner/core/Dispatch.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/KestalDecompressionService.h"
 #include "cleaner/shell/UIUtil.h"
 
@@ -30,14 +30,14 @@ QPointer<DeconpressViewController> &sharedWindow()
 DeconpressViewController::DeconpressViewController(QWidget *parent) : QWidget(parent, Qt::Window)
 {
     setObjectName(QStringLiteral("DecompressWindowController"));
-    setWindowTitle(erasureText(QStringLiteral("Decompression")));
+    setWindowTitle(getLocalizedString(QStringLiteral("Decompression")));
     m_title = new QLabel(this);
     m_bar = new QProgressBar(this);
     m_bar->setRange(0, kBarSteps);
     m_bar->setTextVisible(false);
     m_field = new QLineEdit(this);
     m_field->setEchoMode(QLineEdit::Password);
-    m_done = new QPushButton(erasureText(QStringLiteral("Done")), this);
+    m_done = new QPushButton(getLocalizedString(QStringLiteral("Done")), this);
     m_done->setDefault(true);
     connect(m_done, &QPushButton::clicked, this, &DeconpressViewController::doneAction);
     connect(m_field, &QLineEdit::returnPressed, this, &DeconpressViewController::doneAction);
@@ -79,7 +79,7 @@ void DeconpressViewController::openFiles(const QStringList &paths)
 
 void DeconpressViewController::setView(bool isPassword)
 {
-    m_title->setText(erasureText(isPassword ? QStringLiteral("Enter Password :")
+    m_title->setText(getLocalizedString(isPassword ? QStringLiteral("Enter Password :")
                                             : QStringLiteral("Decompression Progress :")));
     m_bar->setVisible(!isPassword);
     m_field->setVisible(isPassword);
@@ -155,7 +155,7 @@ void DeconpressViewController::viewDidAppear()
             if (done)
                 self->progress(QString(), 1.0);
             else
-                self->failed(erasureText(QStringLiteral("Decompress Failed")), text);
+                self->failed(getLocalizedString(QStringLiteral("Decompress Failed")), text);
         });
     });
 }
@@ -171,7 +171,7 @@ void DeconpressViewController::progress(const QString &info, double value)
 {
     Q_UNUSED(info);
     if (value == -1.0)
-        failed(erasureText(QStringLiteral("Compress Failed")), QString());
+        failed(getLocalizedString(QStringLiteral("Compress Failed")), QString());
     else if (value == 1.0)
         finish();
     else

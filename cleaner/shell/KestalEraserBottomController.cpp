@@ -4,7 +4,7 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"
@@ -89,7 +89,7 @@ void KestalEraserBottomController::changeViewStatus(viewStatus status)
     m_log->setText(getLocalizedString(status == viewStatus::showLog ? QStringLiteral("Hide Log")
                                                                     : QStringLiteral("View Log")));
     m_back->setVisible(m_log->isVisibleTo(this));
-    m_back->setText(erasureText(QStringLiteral("Back to the list")));
+    m_back->setText(getLocalizedString(QStringLiteral("Back to the list")));
     if (status == viewStatus::overview) {
         // What a shred would take now: the checked items.
         qint64 size = 0;

@@ -1,7 +1,7 @@
 #include "cleaner/shell/KestalEraserCleaningViewAndLogViewController.h"
 
 #include "cleaner/clean/CleanResults.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 
@@ -35,7 +35,7 @@ void KestalEraserCleaningViewAndLogViewController::changeViewStatus(viewStatus s
     m_table->clear();
     const QMap<QString, int> &failures = ShredService::shredFailures();
     const bool log = status == viewStatus::showLog;
-    m_title->setText(log ? erasureText(QStringLiteral("Not shredded"))
+    m_title->setText(log ? getLocalizedString(QStringLiteral("Not shredded"))
                          : getLocalizedString(status == viewStatus::cleanning
                                                   ? QStringLiteral("Cleaning...")
                                                   : QStringLiteral("Clean Done")));

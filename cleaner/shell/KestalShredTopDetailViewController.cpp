@@ -1,7 +1,7 @@
 #include "cleaner/shell/KestalShredTopDetailViewController.h"
 
 #include "cleaner/core/AppModuleService.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 
 #include <QCheckBox>
@@ -61,11 +61,11 @@ KestalShredTopDetailViewController::KestalShredTopDetailViewController(QWidget *
     layout->addWidget(m_table, 1);
 
     connect(m_addFiles, &QPushButton::clicked, this, [this] {
-        addPaths(QFileDialog::getOpenFileNames(this, erasureText(QStringLiteral("Add Files"))));
+        addPaths(QFileDialog::getOpenFileNames(this, getLocalizedString(QStringLiteral("Add Files"))));
     });
     connect(m_addFolder, &QPushButton::clicked, this, [this] {
         const QString folder =
-            QFileDialog::getExistingDirectory(this, erasureText(QStringLiteral("Add Folder")));
+            QFileDialog::getExistingDirectory(this, getLocalizedString(QStringLiteral("Add Folder")));
         if (!folder.isEmpty())
             addPaths({folder});
     });
@@ -84,14 +84,14 @@ QString KestalShredTopDetailViewController::cutTitle(const QString &title)
 
 void KestalShredTopDetailViewController::reloadTexts()
 {
-    m_addFiles->setText(erasureText(QStringLiteral("Add Files")));
-    m_addFolder->setText(erasureText(QStringLiteral("Add Folder")));
+    m_addFiles->setText(getLocalizedString(QStringLiteral("Add Files")));
+    m_addFolder->setText(getLocalizedString(QStringLiteral("Add Folder")));
     const int order = std::max(0, m_sort->currentIndex());
     m_sort->clear();
-    m_sort->addItems({erasureText(QStringLiteral("Name (A to Z)")),
-                      erasureText(QStringLiteral("Name (Z to A)"))});
+    m_sort->addItems({getLocalizedString(QStringLiteral("Name (A to Z)")),
+                      getLocalizedString(QStringLiteral("Name (Z to A)"))});
     m_sort->setCurrentIndex(order);
-    m_table->actions().first()->setText(erasureText(QStringLiteral("Remove from the list")));
+    m_table->actions().first()->setText(getLocalizedString(QStringLiteral("Remove from the list")));
     reloadData();
 }
 
@@ -131,7 +131,7 @@ void KestalShredTopDetailViewController::reloadData()
                                                    : QStyle::SP_FileIcon));
         checked += c.state == 1;
     }
-    m_selectAll->setText(erasureText(checked == rows.size() && checked > 0
+    m_selectAll->setText(getLocalizedString(checked == rows.size() && checked > 0
                                          ? QStringLiteral("Deselect All")
                                          : QStringLiteral("Select All")));
     m_selectAll->setCheckState(checked == 0             ? Qt::Unchecked

@@ -931,11 +931,7 @@
             <source>Picture</source>
             <translation>Bild</translation>
         </message>
-    </context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
-    <context>
-        <name>English</name>
-        <message>
+            <message>
             <source>%1 records</source>
             <translation>%1 Einträge</translation>
         </message>
@@ -943,9 +939,6 @@
             <source>The file is damaged and cannot be viewed</source>
             <translation>Die Datei ist beschädigt und kann nicht angezeigt werden</translation>
         </message>
-    </context>
-    <context>
-        <name>Eraser</name>
         <message>
             <source>shred_sameFile_text</source>
             <translation>Dieses Objekt wurde bereits ausgewählt</translation>
@@ -998,9 +991,6 @@
             <source>Back to the list</source>
             <translation>Zurück zur Liste</translation>
         </message>
-    </context>
-    <context>
-        <name>Applications</name>
         <message>
             <source>In-depth Uninstallation</source>
             <translation>Gründliche Deinstallation</translation>
@@ -1113,5 +1103,6 @@
             <source>Size</source>
             <translation>Größe</translation>
         </message>
-    </context>
+</context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
 </TS>

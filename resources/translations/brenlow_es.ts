@@ -931,11 +931,7 @@
             <source>Picture</source>
             <translation>Imagen</translation>
         </message>
-    </context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
-    <context>
-        <name>English</name>
-        <message>
+            <message>
             <source>%1 records</source>
             <translation>%1 registros</translation>
         </message>
@@ -943,9 +939,6 @@
             <source>The file is damaged and cannot be viewed</source>
             <translation>El archivo está dañado y no se puede ver</translation>
         </message>
-    </context>
-    <context>
-        <name>Eraser</name>
         <message>
             <source>shred_sameFile_text</source>
             <translation>Este elemento ya ha sido seleccionado</translation>
@@ -998,9 +991,6 @@
             <source>Back to the list</source>
             <translation>Volver a la lista</translation>
         </message>
-    </context>
-    <context>
-        <name>Applications</name>
         <message>
             <source>In-depth Uninstallation</source>
             <translation>Desinstalación a fondo</translation>
@@ -1113,5 +1103,6 @@
             <source>Size</source>
             <translation>Tamaño</translation>
         </message>
-    </context>
+</context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
 </TS>

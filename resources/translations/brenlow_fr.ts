@@ -931,11 +931,7 @@
             <source>Picture</source>
             <translation>Image</translation>
         </message>
-    </context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
-    <context>
-        <name>English</name>
-        <message>
+            <message>
             <source>%1 records</source>
             <translation>%1 enregistrements</translation>
         </message>
@@ -943,9 +939,6 @@
             <source>The file is damaged and cannot be viewed</source>
             <translation>Le fichier est endommagé et ne peut pas être affiché</translation>
         </message>
-    </context>
-    <context>
-        <name>Eraser</name>
         <message>
             <source>shred_sameFile_text</source>
             <translation>Cet élément est déjà sélectionné</translation>
@@ -998,9 +991,6 @@
             <source>Back to the list</source>
             <translation>Retour à la liste</translation>
         </message>
-    </context>
-    <context>
-        <name>Applications</name>
         <message>
             <source>In-depth Uninstallation</source>
             <translation>Désinstallation complète</translation>
@@ -1113,5 +1103,6 @@
             <source>Size</source>
             <translation>Taille</translation>
         </message>
-    </context>
+</context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
 </TS>

@@ -931,11 +931,7 @@
             <source>Picture</source>
             <translation>画像</translation>
         </message>
-    </context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
-    <context>
-        <name>English</name>
-        <message>
+            <message>
             <source>%1 records</source>
             <translation>%1 件の記録</translation>
         </message>
@@ -943,9 +939,6 @@
             <source>The file is damaged and cannot be viewed</source>
             <translation>ファイルが破損しているため表示できません</translation>
         </message>
-    </context>
-    <context>
-        <name>Eraser</name>
         <message>
             <source>shred_sameFile_text</source>
             <translation>この項目はすでに選択されています</translation>
@@ -998,9 +991,6 @@
             <source>Back to the list</source>
             <translation>リストに戻る</translation>
         </message>
-    </context>
-    <context>
-        <name>Applications</name>
         <message>
             <source>In-depth Uninstallation</source>
             <translation>完全アンインストール</translation>
@@ -1113,5 +1103,6 @@
             <source>Size</source>
             <translation>サイズ</translation>
         </message>
-    </context>
+</context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
 </TS>

@@ -931,11 +931,7 @@
             <source>Picture</source>
             <translation>圖片</translation>
         </message>
-    </context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
-    <context>
-        <name>English</name>
-        <message>
+            <message>
             <source>%1 records</source>
             <translation>%1 筆記錄</translation>
         </message>
@@ -943,9 +939,6 @@
             <source>The file is damaged and cannot be viewed</source>
             <translation>檔案已損毀，無法檢視</translation>
         </message>
-    </context>
-    <context>
-        <name>Eraser</name>
         <message>
             <source>shred_sameFile_text</source>
             <translation>此項目已被選取</translation>
@@ -998,9 +991,6 @@
             <source>Back to the list</source>
             <translation>返回清單</translation>
         </message>
-    </context>
-    <context>
-        <name>Applications</name>
         <message>
             <source>In-depth Uninstallation</source>
             <translation>深度解除安裝</translation>
@@ -1113,5 +1103,6 @@
             <source>Size</source>
             <translation>大小</translation>
         </message>
-    </context>
+</context>
+    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
 </TS>

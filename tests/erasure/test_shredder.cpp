@@ -2,7 +2,7 @@
 
 #include "LoopMount.h"
 #include "clean/CleanTestSupport.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 
 #include <QRandomGenerator>
@@ -77,7 +77,7 @@ private slots:
     {
         QTest::addColumn<QStringList>("added");
         QTest::addColumn<QString>("refusal"); // of the last one; "" when taken
-        const QString same = erasureText(QStringLiteral("shred_sameFile_text"));
+        const QString same = getLocalizedString(QStringLiteral("shred_sameFile_text"));
         const QString nesting = QStringLiteral("superordinate/subordinate");
         QTest::newRow("file twice") << QStringList{"a/f.txt", "a/f.txt"} << same;
         QTest::newRow("file in an added folder") << QStringList{"a", "a/f.txt"} << same;

@@ -4,7 +4,7 @@
 #include "ShippedWindow.h"
 #include "TestPaths.h"
 #include "cleaner/clean/CleanResults.h"
-#include "cleaner/erasure/ErasureText.h"
+#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cleaner/shell/DeconpressViewController.h"
 #include "cleaner/shell/KestalEraserBottomController.h"
@@ -77,7 +77,7 @@ private slots:
         auto *warning = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         QVERIFY(warning);
         QCOMPARE(KestalWarnningAndErrorViewController::desc,
-                 erasureText(QStringLiteral("shred_sameFile_text")));
+                 getLocalizedString(QStringLiteral("shred_sameFile_text")));
         warning->close();
         QCOMPARE(rowsOf(list->tableView()),
                  QStringList({"a.txt", longName.left(40) + "...", "c-link"}));
@@ -127,13 +127,13 @@ private slots:
         DeconpressViewController::openFiles({tree.path("e.rar")});
         QTRY_VERIFY(window->isVisible());
         QVERIFY(window->isPassword());
-        QCOMPARE(window->titleLabel()->text(), erasureText(QStringLiteral("Enter Password :")));
+        QCOMPARE(window->titleLabel()->text(), getLocalizedString(QStringLiteral("Enter Password :")));
         const auto failed = answerNextMessageBox(getLocalizedString(QStringLiteral("Confirm")));
         window->passwordField()->setText(QStringLiteral("wrong"));
         QTest::mouseClick(window->doneButton(), Qt::LeftButton);
         QVERIFY(!window->isPassword());
         QTRY_VERIFY_WITH_TIMEOUT(failed->shown, 20000);
-        QCOMPARE(failed->title, erasureText(QStringLiteral("Compress Failed")));
+        QCOMPARE(failed->title, getLocalizedString(QStringLiteral("Compress Failed")));
         QTRY_VERIFY(!window->isVisible());
         QVERIFY(!DeconpressViewController::decompressionFiles);
     }
