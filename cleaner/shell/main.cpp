@@ -6,7 +6,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brenlow"));
-    QApplication::setDesktopFileName(QStringLiteral("brenlow"));
+    QApplication::setDesktopFileName(QStringLiteral("com.orrimay.Brenlow"));
     AppDelegate delegate;
     delegate.applicationDidFinishLaunching();
     return application.exec();
