@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <sys/stat.h>
 
-HelperTool::HelperTool() : m_channel(0, 1), m_removal(AllowList::forCaller())
+HelperTool::HelperTool()
+    : m_channel(0, 1), m_removal(AllowList::forCaller()), m_ntfs(AllowList::callerUid())
 {
     m_worker.setObjectName(QStringLiteral("helper operations"));
     m_onWorker.moveToThread(&m_worker);
@@ -130,8 +131,10 @@ void HelperTool::carryOut(const QCborMap &folders, const IdentityMap &identities
         int status;
         if (stopped(moduleIndex, sequence)) {
             status = int(errorKind::stop);
+        } else if (type == qint64(operationType::usb)) {
+            status = m_ntfs.makeWritable(it.key());
         } else if (type != qint64(operationType::delete_)) {
-            // Shredding, moving and the volume switch are not carried out yet.
+            // Shredding and moving are not carried out yet.
             status = int(errorKind::nocause);
         } else {
             struct stat st;

@@ -2,6 +2,7 @@
 
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/clean/MessageChannel.h"
+#include "helper/NtfsSwitch.h"
 #include "helper/SafeRemoval.h"
 
 #include <QHash>
@@ -34,6 +35,7 @@ private:
 
     StdioChannel m_channel;
     SafeRemoval m_removal;
+    NtfsSwitch m_ntfs;
     QThread m_worker;
     QObject m_onWorker; // what runs on m_worker is posted to this object
     QMutex m_lock;
