@@ -184,16 +184,16 @@ FileRemoval::Result FileRemoval::removeListed(const QByteArray &path, const Item
 
 FileRemoval::Result FileRemoval::removeItem(const QByteArray &path)
 {
-    return remove(path, std::nullopt);
-}
-
-FileRemoval::Result FileRemoval::remove(const QByteArray &path,
-                                        const std::optional<ItemIdentity> &expected)
-{
     const std::optional<QByteArray> clean = normalized(path);
     if (!clean || *clean == "/")
         return {Outcome::Invalid, EINVAL};
-    const QList<QByteArray> steps = clean->mid(1).split('/');
+    return remove(*clean, std::nullopt);
+}
+
+FileRemoval::Result FileRemoval::remove(const QByteArray &clean,
+                                        const std::optional<ItemIdentity> &expected)
+{
+    const QList<QByteArray> steps = clean.mid(1).split('/');
     const QByteArray &name = steps.last();
 
     // Every folder on the way, from "/", without following a link.

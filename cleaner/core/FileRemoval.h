@@ -51,5 +51,6 @@ public:
     static std::optional<QByteArray> normalized(const QByteArray &path);
 
 private:
-    static Result remove(const QByteArray &path, const std::optional<ItemIdentity> &expected);
+    // clean: a path as normalized() gives it, never "/".
+    static Result remove(const QByteArray &clean, const std::optional<ItemIdentity> &expected);
 };

@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>Dateien mit ***kb oder weniger als dem folgenden Wert werden automatisch übersprungen.</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>Kerne</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>Verfügbar</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>Batterie</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>CPU</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>Ladezyklen</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>Festplatte</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>Frei</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>Arbeitsspeicher</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>Netzwerk</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>Keine Batterie gefunden</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>Belegt</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>Benutzer</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>Mac optimieren</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>%1 optimieren</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->

@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>File in ***kb smaller than the below value will be automatically skipped.</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>Cores</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>Available</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>Battery</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>CPU</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>Charge Cycles</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>Disk</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>Free</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>Memory</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>Network</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>No Battery Service Found</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>Used</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>User</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>Optimize Mac</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>Optimize %1</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->

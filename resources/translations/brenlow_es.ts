@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>Los archivos de ***kb menores que el valor siguiente se omitirán automáticamente.</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>Núcleos</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>Disponible</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>Batería</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>CPU</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>Ciclos de carga</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>Disco</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>Libre</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>Memoria</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>Red</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>No se encontró ninguna batería</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>En uso</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>Usuario</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>Optimizar Mac</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>Optimizar %1</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->

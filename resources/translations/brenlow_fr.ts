@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>Les fichiers de ***ko inférieurs à la valeur ci-dessous seront ignorés automatiquement.</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>Cœurs</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>Disponible</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>Batterie</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>Processeur</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>Cycles de charge</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>Disque</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>Libre</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>Mémoire</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>Réseau</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>Aucune batterie trouvée</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>Utilisé</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>Utilisateur</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>Optimiser le Mac</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>Optimiser %1</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->

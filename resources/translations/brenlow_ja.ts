@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>下の値より小さい ***kb のファイルは自動的にスキップされます。</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>コア</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>利用可能</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>バッテリー</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>CPU</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>充放電回数</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>ディスク</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>空き</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>メモリ</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>ネットワーク</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>バッテリーが見つかりません</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>使用済み</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>ユーザ</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>Macを最適化</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>%1を最適化</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->

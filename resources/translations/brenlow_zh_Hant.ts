@@ -843,6 +843,62 @@
             <source>File in ***kb smaller than the below value will be automatically skipped.</source>
             <translation>小於下方數值的 ***kb 檔案將自動略過。</translation>
         </message>
+        <message>
+            <source>Cores</source>
+            <translation>核心</translation>
+        </message>
+        <message>
+            <source>Available</source>
+            <translation>可用</translation>
+        </message>
+        <message>
+            <source>Battery</source>
+            <translation>電池</translation>
+        </message>
+        <message>
+            <source>CPU</source>
+            <translation>CPU</translation>
+        </message>
+        <message>
+            <source>Charge Cycles</source>
+            <translation>充電循環次數</translation>
+        </message>
+        <message>
+            <source>Disk</source>
+            <translation>磁碟</translation>
+        </message>
+        <message>
+            <source>Free</source>
+            <translation>可用空間</translation>
+        </message>
+        <message>
+            <source>Memory</source>
+            <translation>記憶體</translation>
+        </message>
+        <message>
+            <source>Network</source>
+            <translation>網路</translation>
+        </message>
+        <message>
+            <source>No Battery Service Found</source>
+            <translation>找不到電池</translation>
+        </message>
+        <message>
+            <source>Used</source>
+            <translation>已使用</translation>
+        </message>
+        <message>
+            <source>User</source>
+            <translation>使用者</translation>
+        </message>
+        <message>
+            <source>Optimize Mac</source>
+            <translation>最佳化 Mac</translation>
+        </message>
+        <message>
+            <source>Optimize %1</source>
+            <translation>最佳化 %1</translation>
+        </message>
     </context>
     <!-- The NTFS switch of the status panel. getLocalizedString reads the
          context "English", so the block keeps that name. -->
