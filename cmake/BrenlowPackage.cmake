@@ -7,16 +7,16 @@ set(CPACK_PACKAGE_VENDOR Orrimay)
 set(CPACK_PACKAGE_CONTACT "${BRENLOW_MAINTAINER}")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "disk cleaner for the desktop and the command line")
+# The long description; CPack puts the summary before it and indents it.
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "disk cleaner for the desktop and the command line
- Brenlow scans the home folder and the system's caches, logs and
- leftovers, duplicate files, large and old files and browser traces,
- shows what it found with its size, and removes exactly the items the user
- leaves ticked. A status panel in the system tray shows CPU, memory, disk,
- battery and network figures. brenlow-cli does the same without a display.
- .
- Files that need administrator rights are removed by a small helper that
- polkit starts after asking for a password.")
+    "Brenlow scans the home folder and the system's caches, logs and
+leftovers, duplicate files, large and old files and browser traces,
+shows what it found with its size, and removes exactly the items the user
+leaves ticked. A status panel in the system tray shows CPU, memory, disk,
+battery and network figures. brenlow-cli does the same without a display.
+.
+Files that need administrator rights are removed by a small helper that
+polkit starts after asking for a password.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
