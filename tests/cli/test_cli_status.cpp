@@ -135,7 +135,10 @@ private slots:
         const Run run = cli(args);
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.out.isEmpty());
-        QVERIFY(run.err.contains("brenlow-cli status"));
+        // One line that names the option at fault.
+        QCOMPARE(run.err.count('\n'), 1);
+        QVERIFY2(run.err.startsWith("brenlow-cli: ") && run.err.contains(args.at(1).toUtf8()),
+                 run.err.constData());
     }
 };
 
