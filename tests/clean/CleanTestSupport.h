@@ -21,6 +21,7 @@
 #include <QProcessEnvironment>
 #include <QTest>
 #include <QTimer>
+#include <QtEndian>
 #include <algorithm>
 #include <fcntl.h>
 #include <ftw.h>
@@ -58,6 +59,15 @@ inline QString shellProgram(TreeBuilder &tree, const QString &name, const QByteA
     script.close();
     script.setPermissions(mode);
     return script.fileName();
+}
+
+// A body behind its four-byte length, as the programs read frames; the body
+// need not be valid CBOR.
+inline QByteArray framed(const QByteArray &body)
+{
+    QByteArray prefix(4, Qt::Uninitialized);
+    qToBigEndian<quint32>(quint32(body.size()), prefix.data());
+    return prefix + body;
 }
 
 // A program spoken to in frames over its standard input and output.

@@ -49,8 +49,9 @@ private:
         return CliProcess::run(cliProgram, args, e, input, asNobody);
     }
 
-    // What a scan lists and ticks by default, child by child, for rows whose box is on.
-    QMap<QString, QByteArrayList> ticked()
+    // What a scan lists and ticks by default, child by child, for rows whose
+    // box is on; `found` gets each child's title and the size it found.
+    QMap<QString, QByteArrayList> ticked(QStringList *found = nullptr)
     {
         const CliProcess::Result scan = cli({"scan", "Auto Cleanup", "--json"});
         const QJsonObject whole = QJsonDocument::fromJson(scan.out).object();
@@ -59,10 +60,14 @@ private:
         const QJsonArray children = whole["children"].toArray();
         for (qsizetype n = 0; n < children.size(); ++n) {
             QByteArrayList paths;
+            qint64 size = 0;
             for (const QJsonValue &c : children[n]["categories"].toArray()) {
+                size += c["size"].toInteger();
                 if (rows[n]["state"].toInt() != 0 && c["state"].toInt() != 0)
                     tickedPaths(c["files"].toArray(), &paths);
             }
+            if (found)
+                found->append(children[n]["title"].toString() + '=' + QString::number(size));
             if (!paths.isEmpty())
                 out.insert(children[n]["title"].toString(), paths);
         }
@@ -93,6 +98,9 @@ private slots:
         sandbox->file("home/.cache/pip/http/blob", 5);
         sandbox->file("home/.cache/thumbnails/large/b.png", 6);
         sandbox->file("home/.cache/evolution/mail/1a2b/folders/INBOX/cur/ab/9", 7);
+        // The mail store's own files, which Mail Trash never lists.
+        sandbox->file("home/.cache/evolution/mail/1a2b/folders.db", 40);
+        sandbox->file("home/.cache/evolution/mail/trash-note", 1);
         sandbox->file("home/.local/share/Trash/files/old.txt", 8);
         sandbox->file("home/.local/share/Trash/info/old.txt.trashinfo", 20);
         sandbox->file("home/keep.txt", 4);
@@ -104,10 +112,14 @@ private slots:
         delete sandbox;
     }
 
-    // The default selection: the scan's own ticks, the rows' own boxes.
+    // The scan finds each child's own; the clean's default selection is the
+    // scan's own ticks and the rows' own boxes.
     void cleansEveryTickedChildInTurn()
     {
-        const QMap<QString, QByteArrayList> expected = ticked();
+        QStringList found;
+        const QMap<QString, QByteArrayList> expected = ticked(&found);
+        QCOMPARE(found, QStringList({"System Junk=5", "Photo Cache=6", "Mail Trash=7",
+                                     "Trash Bin=28", "iTunes Junk=0"}));
         // Mail Trash lists its cache but does not tick it by default.
         QCOMPARE(expected.keys(), QStringList({"Photo Cache", "System Junk", "Trash Bin"}));
         QByteArrayList gone;

@@ -4,22 +4,12 @@
 #include "TestPaths.h"
 #include "cleaner/clean/InstallFailure.h"
 
-#include <QRandomGenerator>
-#include <QtEndian>
 #include <csignal>
-#include <pwd.h>
 #include <sys/ioctl.h>
 
 using namespace CleanTest;
 
 namespace {
-
-QByteArray frameOf(const QByteArray &body)
-{
-    QByteArray frame(4, Qt::Uninitialized);
-    qToBigEndian<quint32>(quint32(body.size()), frame.data());
-    return frame + body;
-}
 
 // Whether a process is still running (a zombie has ended).
 bool running(qint64 pid)
@@ -81,47 +71,6 @@ private:
 
 private slots:
     void init() { qunsetenv("BRENLOW_HELPER_START_TIMEOUT_MS"); }
-    void removesFilesFoldersAndOddNames()
-    {
-        TreeBuilder tree(TreeBuilder::Place::RealHome);
-        const QByteArray file = QFile::encodeName(tree.file(QStringLiteral("a file"), 10));
-        tree.file(QStringLiteral("folder/deep/x"), 5);
-        const QByteArray folder = QFile::encodeName(tree.path(QStringLiteral("folder")));
-        const QByteArray raw = tree.fileBytes("raw\xff\xfe name", 3);
-        Peer helper(helperProgram);
-        helper.send(deleteCall({file, folder, raw}));
-        const auto report = helper.nextSkippingProgress();
-        QVERIFY(report);
-        QCOMPARE(report->value(QStringLiteral("sel")).toString(), QLatin1String(Wire::finished));
-        QVERIFY(report->value(QStringLiteral("args")).toArray().at(0).toBool());
-        QCOMPARE(statuses(*report), (QMap<QByteArray, int>{{file, 1}, {folder, 1}, {raw, 1}}));
-        for (const QByteArray &p : {file, folder, raw})
-            QVERIFY(!existsOnDisk(p));
-    }
-
-    // A link is removed as itself; a path that runs through a link is refused.
-    void neverFollowsALink()
-    {
-        TreeBuilder outside;
-        outside.file(QStringLiteral("keep/precious"), 42);
-        TreeBuilder tree(TreeBuilder::Place::RealHome);
-        const QByteArray link = QFile::encodeName(
-            tree.symlink(QStringLiteral("link"), outside.path(QStringLiteral("keep"))));
-        const QByteArray through = link + "/precious";
-        Peer helper(helperProgram);
-        helper.send(deleteCall({through}));
-        auto report = helper.nextSkippingProgress();
-        QVERIFY(report);
-        QCOMPARE(statuses(*report).value(through), 3);
-        QTRY_VERIFY(helper.errors().contains(QLatin1String("symbolic link")));
-        helper.send(deleteCall({link}));
-        report = helper.nextSkippingProgress();
-        QVERIFY(report);
-        QCOMPARE(statuses(*report).value(link), 1);
-        QVERIFY(!existsOnDisk(link));
-        QCOMPARE(QFileInfo(outside.path(QStringLiteral("keep/precious"))).size(), 42);
-    }
-
     // A stop ends the module's requests that came before it: the one running
     // stops between two paths, the one waiting behind it touches nothing.
     void stopEndsTheModulesRequests()
@@ -147,54 +96,6 @@ private slots:
             QVERIFY(existsOnDisk(p));
     }
 
-    void damagedMessagesGetAnError_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("reason");
-        QByteArray random(64, Qt::Uninitialized);
-        QRandomGenerator seeded(7);
-        for (char &c : random)
-            c = char(seeded.bounded(256));
-        const QByteArray valid = Wire::call(Wire::getVersion, {}, 1).toCborValue().toCbor();
-        QTest::newRow("random bytes") << frameOf(random) << "";
-        QTest::newRow("cut message") << frameOf(valid.left(valid.size() - 3)) << "unreadable";
-        QTest::newRow("not a map") << frameOf(QCborValue(5).toCbor()) << "map";
-        QTest::newRow("unknown selector")
-            << FrameDecoder::encode(Wire::call("removeEverything:", {})) << "unknown selector";
-        QTest::newRow("reply without id")
-            << FrameDecoder::encode(Wire::call(Wire::getVersion, {})) << "id";
-        QTest::newRow("path as text")
-            << FrameDecoder::encode(
-                   operationCall(QCborMap{{QStringLiteral("/tmp/x"), QCborArray{0, 0, 0}}}, 1))
-            << "wrong type";
-        QTest::newRow("length beyond limit")
-            << QByteArray("\xff\xff\xff\xff garbage", 12) << "too long";
-    }
-
-    void damagedMessagesGetAnError()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, reason);
-        Peer helper(helperProgram);
-        helper.process.write(bytes);
-        const auto answer = helper.next();
-        QVERIFY(answer);
-        QVERIFY(answer->contains(QStringLiteral("error")));
-        QVERIFY2(answer->value(QStringLiteral("error")).toString().contains(reason),
-                 qPrintable(answer->value(QStringLiteral("error")).toString()));
-        stillServes(helper);
-    }
-
-    void streamCutInsideAMessage()
-    {
-        Peer helper(helperProgram);
-        helper.process.write(QByteArray("\x00\x00\x00\x40\xa2", 5));
-        helper.process.closeWriteChannel();
-        QVERIFY(helper.process.waitForFinished(10000));
-        QCOMPARE(helper.process.exitCode(), 0);
-        QTRY_VERIFY(helper.errors().contains(QLatin1String("ended inside a message")));
-    }
-
     // A recorded session: each request ("> ", CBOR in hex) must draw exactly
     // the recorded answers ("< "), byte for byte, so the wire form cannot drift.
     void recordedTranscript()
@@ -205,7 +106,7 @@ private slots:
         int answers = 0;
         for (const QByteArray &line : in.readAll().split('\n')) {
             if (line.startsWith("> ")) {
-                helper.process.write(frameOf(QByteArray::fromHex(line.mid(2))));
+                helper.process.write(framed(QByteArray::fromHex(line.mid(2))));
             } else if (line.startsWith("< ")) {
                 const auto answer = helper.next();
                 QVERIFY(answer);

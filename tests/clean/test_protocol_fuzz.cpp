@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QtEndian>
 #include <pwd.h>
 
 using namespace CleanTest;
@@ -20,13 +19,6 @@ struct Frame {
     QByteArray bytes;
     bool refused; // must be answered with an error
 };
-
-QByteArray framed(const QByteArray &body)
-{
-    QByteArray prefix(4, Qt::Uninitialized);
-    qToBigEndian<quint32>(quint32(body.size()), prefix.data());
-    return prefix + body;
-}
 
 QByteArray cborHead(int major, quint64 n)
 {
@@ -109,7 +101,7 @@ private:
     {
         if (peer.process.state() != QProcess::NotRunning && !peer.process.waitForFinished(20000))
             return false;
-        return peer.process.exitStatus() == QProcess::NormalExit;
+        return peer.process.exitStatus() == QProcess::NormalExit && peer.process.exitCode() == 0;
     }
 
     static std::unique_ptr<Peer> start(const QString &program)
@@ -182,6 +174,8 @@ private:
             {"tags nested 100000 deep", framed(QByteArray(100000, '\xc6') + '\0'), true},
             {"open arrays 100000 deep", framed(QByteArray(100000, '\x9f')), true},
             {"5000 paths in one request", framed(wide.toCborValue().toCbor()), false},
+            {"a request without its id",
+             framed(Wire::call(Wire::getVersion, {}).toCborValue().toCbor()), true},
         };
     }
 

@@ -1,4 +1,4 @@
-#include "TestPaths.h"
+#include "support/CliProcess.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
@@ -6,32 +6,15 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QtTest>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QByteArray out;
-};
-
-Run cli(const TestEnvironment &env, const QStringList &args)
+QByteArray bytes(const QString &path)
 {
-    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-    e.insert("BRENLOW_PLATFORM", "linux");
-    e.insert("BRENLOW_ROOT", env.root());
-    e.insert("BRENLOW_RESOURCES", env.resources());
-    e.insert("HOME", env.home());
-    QProcess p;
-    p.setProcessEnvironment(e);
-    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), args);
-    if (!p.waitForFinished(120000))
-        qFatal("brenlow-cli did not finish");
-    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-               p.readAllStandardOutput()};
+    return QFile::encodeName(path);
 }
 
 QStringList pathsOf(const QJsonObject &category)
@@ -56,8 +39,9 @@ private slots:
         TreeBuilder tree;
         const QString a = tree.file("a/x", 5000), b = tree.file("b/x", 5000),
                       c = tree.file("c/x", 5000), other = tree.file("other/y", 6000);
-        const QStringList where{"--path", tree.root(), "--min-size", "0"};
-        const Run scan = cli(env, QStringList{"scan", "Duplicates", "--json"} + where);
+        const QByteArrayList where{"--path", bytes(tree.root()), "--min-size", "0"};
+        const auto scan =
+            CliProcess::run(env, QByteArrayList{"scan", "Duplicates", "--json"} + where);
         QCOMPARE(scan.exitCode, 0);
         const QJsonArray groups =
             QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
@@ -65,8 +49,9 @@ private slots:
         QCOMPARE(pathsOf(groups.first().toObject()), (QStringList{a, b, c}));
         QCOMPARE(groups.first().toObject().value("size").toInteger(), 15000);
 
-        const Run clean =
-            cli(env, QStringList{"clean", "Duplicates", "--select", a, b, "--yes"} + where);
+        const auto clean = CliProcess::run(
+            env,
+            QByteArrayList{"clean", "Duplicates", "--select", bytes(a), bytes(b), "--yes"} + where);
         QCOMPARE(clean.exitCode, 0);
         QVERIFY(!QFile::exists(a) && !QFile::exists(b));
         QVERIFY(QFile::exists(c) && QFile::exists(other));
@@ -74,18 +59,18 @@ private slots:
 
     void duplicateOptionsRefuseBadInput_data()
     {
-        QTest::addColumn<QStringList>("args");
-        QTest::newRow("fraction") << QStringList{"scan", "Duplicates", "--min-size", "1.5"};
+        QTest::addColumn<QByteArrayList>("args");
+        QTest::newRow("fraction") << QByteArrayList{"scan", "Duplicates", "--min-size", "1.5"};
         QTest::newRow("missing folder")
-            << QStringList{"scan", "Duplicates", "--path", "/nowhere/x"};
-        QTest::newRow("other module") << QStringList{"scan", "Trash Bin", "--min-size", "4"};
-        QTest::newRow("no value") << QStringList{"scan", "Duplicates", "--path"};
+            << QByteArrayList{"scan", "Duplicates", "--path", "/nowhere/x"};
+        QTest::newRow("other module") << QByteArrayList{"scan", "Trash Bin", "--min-size", "4"};
+        QTest::newRow("no value") << QByteArrayList{"scan", "Duplicates", "--path"};
     }
     void duplicateOptionsRefuseBadInput()
     {
-        QFETCH(QStringList, args);
+        QFETCH(QByteArrayList, args);
         TestEnvironment env;
-        QCOMPARE(cli(env, args).exitCode, 1);
+        QCOMPARE(CliProcess::run(env, args).exitCode, 1);
     }
 
     // A large old file shows in two categories and goes once.
@@ -102,7 +87,7 @@ private slots:
                                           {time(nullptr) - twoYears, 0}};
             utimensat(AT_FDCWD, QFile::encodeName(p).constData(), t, 0);
         }
-        const Run scan = cli(env, {"scan", "Large and Old Files", "--json"});
+        const auto scan = CliProcess::run(env, {"scan", "Large and Old Files", "--json"});
         QCOMPARE(scan.exitCode, 0);
         const QJsonArray categories =
             QJsonDocument::fromJson(scan.out).object().value("categories").toArray();
@@ -110,8 +95,8 @@ private slots:
         QCOMPARE(pathsOf(categories[0].toObject()), QStringList{big});
         QCOMPARE(pathsOf(categories[2].toObject()), (QStringList{big, small}));
 
-        const Run clean =
-            cli(env, {"clean", "Large and Old Files", "--select", big, "--yes", "--json"});
+        const auto clean = CliProcess::run(
+            env, {"clean", "Large and Old Files", "--select", bytes(big), "--yes", "--json"});
         QCOMPARE(clean.exitCode, 0);
         QCOMPARE(QJsonDocument::fromJson(clean.out).object().value("number").toInt(), 1);
         QVERIFY(!QFile::exists(big));

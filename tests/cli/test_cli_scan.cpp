@@ -1,6 +1,6 @@
-#include "TestPaths.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
+#include "support/CliProcess.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
@@ -8,37 +8,17 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QtTest>
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Run cli(const QStringList &args, const QProcessEnvironment &env)
+// A module's scan as JSON; a failed run warns and gives an empty object.
+QJsonObject scanJson(const TestEnvironment &env, const QByteArray &module)
 {
-    QProcess p;
-    p.setProcessEnvironment(env);
-    p.start(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), args);
-    if (!p.waitForFinished(60000))
-        qFatal("brenlow-cli did not finish");
-    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-               p.readAllStandardOutput(), p.readAllStandardError()};
-}
-
-QProcessEnvironment environmentFor(const TestEnvironment &env, const QString &profile)
-{
-    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-    e.insert("BRENLOW_PLATFORM", profile);
-    e.insert("BRENLOW_ROOT", env.root());
-    e.insert("BRENLOW_RESOURCES", env.resources());
-    e.insert("HOME", env.root() + "/home/user");
-    e.insert("XDG_CONFIG_HOME", env.root() + "/config");
-    return e;
+    const CliProcess::Result run = CliProcess::run(env, {"scan", module, "--json"});
+    if (run.exitCode != 0)
+        qWarning("brenlow-cli ended with %d: %s", run.exitCode, run.err.constData());
+    return QJsonDocument::fromJson(run.out).object();
 }
 
 QJsonObject categoryNamed(const QJsonObject &module, const QString &title)
@@ -75,9 +55,7 @@ private slots:
         tree.file(home + "/Library/Caches/com.example.app/cache.db", 1000);
         tree.file(home + "/Library/Caches/org.other/blob", 24);
         tree.file("Library/Logs/system.log", 70);
-        const Run run = cli({"scan", "System Junk", "--json"}, environmentFor(env, "macos"));
-        QCOMPARE(run.exitCode, 0);
-        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
+        const QJsonObject module = scanJson(env, "System Junk");
         const QJsonObject caches = categoryNamed(module, "User Cache");
         QCOMPARE(fileNames(caches), QStringList({"com.example.app", "org.other"}));
         QCOMPARE(caches.value("size").toInteger(), 1024);
@@ -100,7 +78,7 @@ private slots:
         tree.file("home/user/.cache/locked/inner", 5);
         tree.chmod("home/user/.cache/locked", 0);
         tree.fileBytes("home/user/.cache/caf\xe9\xff", 7);
-        const Run run = cli({"scan", "1", "--json"}, environmentFor(env, "linux"));
+        const CliProcess::Result run = CliProcess::run(env, {"scan", "1", "--json"});
         tree.chmod("home/user/.cache/locked", 0755);
         QCOMPARE(run.exitCode, 0);
         const QJsonObject module = QJsonDocument::fromJson(run.out).object();
@@ -125,29 +103,25 @@ private slots:
             TestEnvironment::moduleRow("Auto", {}),
             TestEnvironment::moduleRow(
                 "Custom", {TestEnvironment::categoryRow("Only", "file:///srv/junk/", {}, 1)})});
-        const Run run = cli({"scan", "Custom", "--json"}, environmentFor(env, "linux"));
-        QCOMPARE(run.exitCode, 0);
-        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
-        QCOMPARE(fileNames(categoryNamed(module, "Only")), QStringList({"a"}));
-
-        const Run list = cli({"modules", "--json"}, environmentFor(env, "linux"));
+        QCOMPARE(fileNames(categoryNamed(scanJson(env, "Custom"), "Only")), QStringList({"a"}));
+        const CliProcess::Result list = CliProcess::run(env, {"modules", "--json"});
         QCOMPARE(QJsonDocument::fromJson(list.out).array().size(), 2);
     }
 
     void badUsage_data()
     {
-        QTest::addColumn<QStringList>("args");
-        QTest::newRow("no command") << QStringList{};
-        QTest::newRow("unknown command") << QStringList{"frobnicate"};
-        QTest::newRow("unknown module") << QStringList{"scan", "No Such Module"};
-        QTest::newRow("index out of range") << QStringList{"scan", "99"};
-        QTest::newRow("heading row") << QStringList{"scan", "13"};
+        QTest::addColumn<QByteArrayList>("args");
+        QTest::newRow("no command") << QByteArrayList{};
+        QTest::newRow("unknown command") << QByteArrayList{"frobnicate"};
+        QTest::newRow("unknown module") << QByteArrayList{"scan", "No Such Module"};
+        QTest::newRow("index out of range") << QByteArrayList{"scan", "99"};
+        QTest::newRow("heading row") << QByteArrayList{"scan", "13"};
     }
     void badUsage()
     {
-        QFETCH(QStringList, args);
+        QFETCH(QByteArrayList, args);
         TestEnvironment env(QStringLiteral("linux"));
-        const Run run = cli(args, environmentFor(env, "linux"));
+        const CliProcess::Result run = CliProcess::run(env, args);
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.err.startsWith("brenlow-cli: "));
     }

@@ -151,27 +151,17 @@ private slots:
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("expected"); // below the help folder; "" for nothing
-        QTest::newRow("in the language") << "guide.html"
-                                         << "de"
-                                         << "de/guide.html";
-        QTest::newRow("English fallback") << "guide.html"
-                                          << "it"
-                                          << "en/guide.html";
-        QTest::newRow("no such page") << "missing.html"
-                                      << "en"
-                                      << "";
-        QTest::newRow("climbs out") << "../Info.plist"
-                                    << "en"
-                                    << "";
-        QTest::newRow("climbs out inside") << "a/../../../Info.plist"
-                                           << "en"
-                                           << "";
-        QTest::newRow("absolute") << "/etc/passwd"
-                                  << "en"
-                                  << "";
-        QTest::newRow("empty") << ""
-                               << "en"
-                               << "";
+        const auto row = [](const char *name, const char *value, const char *language,
+                            const char *expected) {
+            QTest::newRow(name) << QString(value) << QString(language) << QString(expected);
+        };
+        row("in the language", "guide.html", "de", "de/guide.html");
+        row("English fallback", "guide.html", "it", "en/guide.html");
+        row("no such page", "missing.html", "en", "");
+        row("climbs out", "../Info.plist", "en", "");
+        row("climbs out inside", "a/../../../Info.plist", "en", "");
+        row("absolute", "/etc/passwd", "en", "");
+        row("empty", "", "en", "");
     }
 
     void pageNamesResolveOrGiveNothing()

@@ -169,24 +169,6 @@ private slots:
         QCOMPARE(categories.first().size, 2 * size);
     }
 
-    void kindsFromTypeTexts_data()
-    {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("kind");
-        QTest::newRow("Keynote") << "Keynote Document" << int(Kind::documents);
-        QTest::newRow("QuickTime") << "QuickTime movie" << int(Kind::video);
-        QTest::newRow("MP3") << "MP3 audio" << int(Kind::music);
-        QTest::newRow("JPEG 2000") << "JPEG 2000 image" << int(Kind::image);
-        QTest::newRow("MPEG-4 audio") << "MPEG-4 audio" << int(Kind::video);
-        QTest::newRow("unknown") << "other" << int(Kind::other);
-    }
-    void kindsFromTypeTexts()
-    {
-        QFETCH(QString, type);
-        QFETCH(int, kind);
-        QCOMPARE(int(DuplicateService::kindOfType(type)), kind);
-    }
-
     // Real files typed by the shared MIME database sort into the five kinds.
     void kindsOfRealFiles_data()
     {
@@ -254,8 +236,7 @@ private slots:
         for (int i = 0; i < 200; ++i)
             tree.file(QStringLiteral("more%1/y").arg(i), 7000);
         bool finished = false;
-        KestalService::scan(DuplicateService::moduleIndex, {}, {},
-                                  [&](int) { finished = true; });
+        KestalService::scan(DuplicateService::moduleIndex, {}, {}, [&](int) { finished = true; });
         KestalService::stopScan(DuplicateService::moduleIndex);
         // The watchdog publishes what the stopped scan keeps, then goes.
         QTRY_VERIFY(!KestalService::scanTimer().contains(DuplicateService::moduleIndex));

@@ -65,7 +65,8 @@ private slots:
     void initTestCase() { FinderScans::registerAll(); }
 
     // One walk of the home sorts by both size and age, each border strict;
-    // the library folder and what lies inside a zip are never reached.
+    // the library folder, hidden folders, what lies inside a zip and
+    // folders themselves are never listed.
     void oneWalkFillsFourCategories()
     {
         TestEnvironment env;
@@ -91,42 +92,6 @@ private slots:
                                          : categories[L::Over100M].files.last();
         QCOMPARE(inSize.get(), categories[L::LessThanYear].files.first().get());
         QCOMPARE(categories[L::LessThanYear].size, qint64(200000000));
-    }
-
-    void filterVerdicts_data()
-    {
-        QTest::addColumn<QString>("relative");
-        QTest::addColumn<bool>("directory");
-        QTest::addColumn<qint64>("size");
-        QTest::addColumn<qint64>("age");
-        QTest::addColumn<int>("verdict");
-        QTest::newRow("library") << "snap/x" << false << qint64(1) << qint64(0)
-                                 << int(FilterType::SkipSelfAndChildren);
-        QTest::newRow("zip") << "a.zip" << false << qint64(1) << qint64(0)
-                             << int(FilterType::SkipChildren);
-        QTest::newRow("folder") << "dir" << true << qint64(0) << 400 * day
-                                << int(FilterType::SkipSelf);
-        QTest::newRow("large") << "big" << false << L::over5M + 1 << qint64(0)
-                               << int(FilterType::NoSkip);
-        QTest::newRow("old") << "old" << false << qint64(1) << 31 * day << int(FilterType::NoSkip);
-        QTest::newRow("small and new")
-            << "new" << false << L::over5M << qint64(0) << int(FilterType::SkipSelf);
-    }
-    void filterVerdicts()
-    {
-        QFETCH(QString, relative);
-        QFETCH(bool, directory);
-        QFETCH(qint64, size);
-        QFETCH(qint64, age);
-        QFETCH(int, verdict);
-        TestEnvironment env;
-        ResourceValues v;
-        v.path = QFile::encodeName(Platform::homeDirectory() + '/' + relative);
-        v.isDirectory = directory;
-        if (!directory)
-            v.fileSize = size;
-        v.contentModificationDate = QDateTime::currentDateTime().addSecs(-age);
-        QCOMPARE(int(LargeAndOldFileService::largeAndOldFileFilter(v)), verdict);
     }
 
     // The age borders are strict: a file changed exactly a month (a year)

@@ -254,4 +254,11 @@ inline Browsers makeBrowsers(TreeBuilder &home)
     return b;
 }
 
+// A test's own world, with the browsers' stores in its home.
+struct World {
+    TestEnvironment env;
+    TreeBuilder home{env.home()};
+    Browsers b = makeBrowsers(home);
+};
+
 } // namespace PrivacyTest

@@ -6,123 +6,99 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcessEnvironment>
 
 using namespace PrivacyTest;
 
 class PrivacyCli : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<World> m_w;
+
+    CliProcess::Result cli(const QByteArrayList &args, const QByteArray &input = {})
+    {
+        return CliProcess::run(m_w->env, args, input);
+    }
+
 private slots:
-    void init();
-    void cleanup();
-    void scanJson();
-    void scanListing();
-    void cleanSelected();
-    void refused_data();
-    void refused();
+    void init() { m_w = std::make_unique<World>(); }
 
-private:
-    CliProcess::Result cli(const QByteArrayList &args, const QByteArray &input = {});
-    std::unique_ptr<TestEnvironment> m_env;
-    std::unique_ptr<TreeBuilder> m_home;
-    Browsers m_b;
+    void cleanup() { m_w.reset(); }
+
+    void scanJson()
+    {
+        const auto run = cli({"scan", "Privacy", "--json"});
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
+        const QJsonArray browsers = module.value("categories").toArray();
+        QCOMPARE(browsers.size(), 3);
+        QCOMPARE(browsers[0].toObject().value("title").toString(), QStringLiteral("Chrome"));
+        const QJsonObject visits = browsers[0].toObject().value("files").toArray()[0].toObject();
+        QCOMPARE(visits.value("name").toString(), QStringLiteral("Visit History"));
+        QCOMPARE(visits.value("children").toArray().size(), 4);
+        QCOMPARE(visits.value("children").toArray()[1].toObject().value("dbNumber").toString(),
+                 QStringLiteral("1"));
+        QCOMPARE(browsers[1].toObject().value("files").toArray().size(), 8);
+        QCOMPARE(browsers[2].toObject().value("files").toArray().size(), 0);
+    }
+
+    void scanListing()
+    {
+        // A record's text comes from web pages: it reaches the terminal escaped.
+        exec(m_w->b.history(), "insert into urls (id,url,title,last_visit_time) values"
+                               " (9,'https://evil.example/' || char(27) || '[31m','x',0);"
+                               "insert into visits (id,url,visit_time) values (9,9,0);");
+        const auto run = cli({"scan", "Privacy"});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(!run.out.contains('\x1b'));
+        QVERIFY(run.out.contains("https://evil.example/\\x1b[31m"));
+        QVERIFY(run.out.contains("Visit History"));
+        QVERIFY(run.out.contains("https+++a.example"));
+    }
+
+    void cleanSelected()
+    {
+        const auto run = cli({"clean", "Privacy", "--select", "chrome/Visit History/1",
+                              "Firefox/cookies", "--yes", "--json"});
+        QCOMPARE(run.exitCode, 0);
+        const QJsonObject report = QJsonDocument::fromJson(run.out).object();
+        QCOMPARE(report.value("number").toInt(), 3);
+        QCOMPARE(report.value("size").toInteger(), 1536);
+        const QJsonArray rows = report.value("categories").toArray();
+        QCOMPARE(rows[0].toObject().value("status").toInt(), 999);
+        QCOMPARE(rows[1].toObject().value("number").toInt(), 2);
+        QCOMPARE(column(m_w->b.history(), "select id from visits order by id"),
+                 QStringList({"1", "3", "4"}));
+        QCOMPARE(column(m_w->b.ffCookies(), "select count(*) from moz_cookies"), QStringList{"0"});
+        QCOMPARE(column(m_w->b.places(), "select count(*) from moz_historyvisits"),
+                 QStringList{"3"});
+        QCOMPARE(integrity(m_w->b.history()), QStringLiteral("ok"));
+    }
+
+    void refused_data()
+    {
+        QTest::addColumn<QByteArrayList>("args");
+        QTest::addColumn<QByteArray>("input");
+        QTest::newRow("no such group")
+            << QByteArrayList{"clean", "Privacy", "--select", "Chrome/Bookmarks", "--yes"}
+            << QByteArray();
+        QTest::newRow("no such record")
+            << QByteArrayList{"clean", "Privacy", "--select", "Chrome/Cookies/7", "--yes"}
+            << QByteArray();
+        QTest::newRow("not confirmed")
+            << QByteArrayList{"clean", "Privacy", "--select", "all"} << QByteArray("n\n");
+    }
+
+    void refused()
+    {
+        QFETCH(QByteArrayList, args);
+        QFETCH(QByteArray, input);
+        const QByteArray history = contents(m_w->b.history()), cookies = contents(m_w->b.cookies());
+        const auto run = cli(args, input);
+        QCOMPARE(run.exitCode, 1);
+        QCOMPARE(contents(m_w->b.history()), history);
+        QCOMPARE(contents(m_w->b.cookies()), cookies);
+    }
 };
-
-void PrivacyCli::init()
-{
-    m_env = std::make_unique<TestEnvironment>();
-    m_home = std::make_unique<TreeBuilder>(m_env->home());
-    m_b = makeBrowsers(*m_home);
-}
-
-void PrivacyCli::cleanup()
-{
-    m_home.reset();
-    m_env.reset();
-}
-
-CliProcess::Result PrivacyCli::cli(const QByteArrayList &args, const QByteArray &input)
-{
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("HOME", m_env->home());
-    return CliProcess::run(QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli"), args, env,
-                           input);
-}
-
-void PrivacyCli::scanJson()
-{
-    const auto run = cli({"scan", "Privacy", "--json"});
-    QCOMPARE(run.exitCode, 0);
-    const QJsonObject module = QJsonDocument::fromJson(run.out).object();
-    const QJsonArray browsers = module.value("categories").toArray();
-    QCOMPARE(browsers.size(), 3);
-    QCOMPARE(browsers[0].toObject().value("title").toString(), QStringLiteral("Chrome"));
-    const QJsonObject visits = browsers[0].toObject().value("files").toArray()[0].toObject();
-    QCOMPARE(visits.value("name").toString(), QStringLiteral("Visit History"));
-    QCOMPARE(visits.value("children").toArray().size(), 4);
-    QCOMPARE(visits.value("children").toArray()[1].toObject().value("dbNumber").toString(),
-             QStringLiteral("1"));
-    QCOMPARE(browsers[1].toObject().value("files").toArray().size(), 8);
-    QCOMPARE(browsers[2].toObject().value("files").toArray().size(), 0);
-}
-
-void PrivacyCli::scanListing()
-{
-    // A record's text comes from web pages: it reaches the terminal escaped.
-    exec(m_b.history(), "insert into urls (id,url,title,last_visit_time) values"
-                        " (9,'https://evil.example/' || char(27) || '[31m','x',0);"
-                        "insert into visits (id,url,visit_time) values (9,9,0);");
-    const auto run = cli({"scan", "Privacy"});
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY(!run.out.contains('\x1b'));
-    QVERIFY(run.out.contains("https://evil.example/\\x1b[31m"));
-    QVERIFY(run.out.contains("Visit History"));
-    QVERIFY(run.out.contains("https+++a.example"));
-}
-
-void PrivacyCli::cleanSelected()
-{
-    const auto run = cli({"clean", "Privacy", "--select", "chrome/Visit History/1",
-                          "Firefox/cookies", "--yes", "--json"});
-    QCOMPARE(run.exitCode, 0);
-    const QJsonObject report = QJsonDocument::fromJson(run.out).object();
-    QCOMPARE(report.value("number").toInt(), 3);
-    QCOMPARE(report.value("size").toInteger(), 1536);
-    const QJsonArray rows = report.value("categories").toArray();
-    QCOMPARE(rows[0].toObject().value("status").toInt(), 999);
-    QCOMPARE(rows[1].toObject().value("number").toInt(), 2);
-    QCOMPARE(column(m_b.history(), "select id from visits order by id"),
-             QStringList({"1", "3", "4"}));
-    QCOMPARE(column(m_b.ffCookies(), "select count(*) from moz_cookies"), QStringList{"0"});
-    QCOMPARE(column(m_b.places(), "select count(*) from moz_historyvisits"), QStringList{"3"});
-    QCOMPARE(integrity(m_b.history()), QStringLiteral("ok"));
-}
-
-void PrivacyCli::refused_data()
-{
-    QTest::addColumn<QByteArrayList>("args");
-    QTest::addColumn<QByteArray>("input");
-    QTest::newRow("no such group")
-        << QByteArrayList{"clean", "Privacy", "--select", "Chrome/Bookmarks", "--yes"}
-        << QByteArray();
-    QTest::newRow("no such record")
-        << QByteArrayList{"clean", "Privacy", "--select", "Chrome/Cookies/7", "--yes"}
-        << QByteArray();
-    QTest::newRow("not confirmed")
-        << QByteArrayList{"clean", "Privacy", "--select", "all"} << QByteArray("n\n");
-}
-
-void PrivacyCli::refused()
-{
-    QFETCH(QByteArrayList, args);
-    QFETCH(QByteArray, input);
-    const QByteArray history = contents(m_b.history()), cookies = contents(m_b.cookies());
-    const auto run = cli(args, input);
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(contents(m_b.history()), history);
-    QCOMPARE(contents(m_b.cookies()), cookies);
-}
 
 QTEST_GUILESS_MAIN(PrivacyCli)
 #include "test_privacy_cli.moc"

@@ -1,4 +1,5 @@
 // Application junk: language folders, mail attachments and device backups.
+#include "ScanTestSupport.h"
 #include "cleaner/core/FolderInfo.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/PropertyList.h"
@@ -12,40 +13,7 @@
 #include <QFile>
 #include <QtTest>
 
-namespace {
-
-QStringList names(const QList<FolderInfoPtr> &nodes)
-{
-    QStringList out;
-    for (const FolderInfoPtr &n : nodes)
-        out << n->name;
-    out.sort();
-    return out;
-}
-
-void writeFile(const QString &path, const QByteArray &data)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(data);
-}
-
-QString urlOf(const QString &path)
-{
-    return FolderInfo::absoluteString(FolderInfo::urlFromPath(path)) + QLatin1Char('/');
-}
-
-Category categoryOf(const QString &type, const QString &url = {}, int state = 0)
-{
-    Category c;
-    c.type = type;
-    c.url.url = url;
-    c.state = state;
-    return c;
-}
-
-} // namespace
+using namespace ScanTest;
 
 class TestApplicationJunk : public QObject {
     Q_OBJECT
@@ -177,7 +145,7 @@ private slots:
         mail.file("V6/ACC-1/Data/Messages/1.emlx", 30);
         mail.file("V5/ACC-1/Data/Attachments/old.pdf", 30);
 
-        Category c = categoryOf("Mail", urlOf(mail.root()), 1);
+        Category c = categoryAt("Mail", mail.root(), 1);
         const ScanRecorder seen;
         ScanDispatch::scan(c, seen.progress(), seen.showPercent());
         QCOMPARE(names(c.files), found);
@@ -202,7 +170,7 @@ private slots:
         backups.file("00008-C/Manifest.db", 300); // no Info.plist
         writeFile(backups.path(".hidden/Info.plist"), PropertyList::toXml(QVariantMap{}));
 
-        Category c = categoryOf("iTunes", urlOf(backups.root()));
+        Category c = categoryAt("iTunes", backups.root());
         const ScanRecorder seen;
         ScanDispatch::scan(c, nullptr, seen.showPercent());
         QCOMPARE(names(c.files), QStringList({"--", "Ann's iPhone--iPhone 12"}));

@@ -1,4 +1,5 @@
 // The typed junk scanners on trees built for both profiles.
+#include "ScanTestSupport.h"
 #include "cleaner/core/FolderInfo.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/Volumes.h"
@@ -12,37 +13,7 @@
 #include <QFile>
 #include <QtTest>
 
-namespace {
-
-QStringList relativePaths(const QList<FolderInfoPtr> &files, const QString &root)
-{
-    QStringList paths;
-    for (const FolderInfoPtr &f : files)
-        paths << QFile::decodeName(FolderInfo::pathBytes(f->url)).mid(root.size() + 1);
-    paths.sort();
-    return paths;
-}
-
-Category categoryOf(const QString &type, const QStringList &roots, int state = 0)
-{
-    Category c;
-    c.title = type;
-    c.type = type;
-    c.state = state;
-    for (const QString &root : roots)
-        c.urls.append(FolderUrl{FolderInfo::absoluteString(FolderInfo::urlFromPath(root))});
-    return c;
-}
-
-void writeFile(const QString &path, const QByteArray &data)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(data);
-}
-
-} // namespace
+using namespace ScanTest;
 
 class TestJunkFileService : public QObject {
     Q_OBJECT

@@ -94,12 +94,6 @@ private slots:
         QVERIFY(window && window->isVisible());
         QVERIFY(delegate.languageItem("de")->isChecked());
         QVERIFY(!delegate.languageItem("ja")->isChecked());
-
-        // A link entry opens its page; an entry whose page the edition lacks is not offered.
-        delegate.linkItem("support_link")->trigger();
-        QCOMPARE(env.opened.last(), QUrl("https://example.org/support/"));
-        QVERIFY(delegate.linkItem("help_link")->isVisible());
-        QVERIFY(!delegate.linkItem("facebook_link")->isVisible());
     }
 
     void laterLaunchesOpenNoPage()
@@ -159,7 +153,6 @@ private slots:
             QVERIFY2(delegate.linkItem(key)->isVisible(), key);
             delegate.linkItem(key)->trigger();
             QTRY_COMPARE(opened().last(), QUrl::fromLocalFile(help + page));
-            QVERIFY(QFileInfo(opened().last().toLocalFile()).isFile());
         }
         // Keys without an address have no entry, nor the newsletter its window.
         for (const char *key : {"feedback_link", "product_link", "facebook_link"})

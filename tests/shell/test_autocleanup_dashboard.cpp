@@ -48,7 +48,6 @@ private slots:
         m_world->show(0);
         QTRY_VERIFY(m_dashboard->isVisible());
         QVERIFY(m_dashboard->timer()->isActive());
-        QCOMPARE(m_dashboard->timer()->interval(), 5000);
         const QStringList texts = m_dashboard->plateTexts();
         QCOMPARE(texts.value(0), QString("CPU Used 50.0%"));
         QCOMPARE(texts.value(1), QString("Memory Free 1.00 GB"));

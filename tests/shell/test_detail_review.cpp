@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSignalSpy>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -26,28 +25,6 @@ Qt::CheckState checkOf(const QModelIndex &index)
 {
     return index.data(Qt::CheckStateRole).value<Qt::CheckState>();
 }
-
-// Every signal by which a model tells its views to redraw more than rows.
-struct ModelSignals {
-    explicit ModelSignals(QAbstractItemModel *model)
-        : dataChanged(model, &QAbstractItemModel::dataChanged),
-          layoutChanged(model, &QAbstractItemModel::layoutChanged),
-          reset(model, &QAbstractItemModel::modelReset),
-          inserted(model, &QAbstractItemModel::rowsInserted),
-          removed(model, &QAbstractItemModel::rowsRemoved)
-    {}
-    int wholeList() const
-    {
-        return int(layoutChanged.size() + reset.size() + inserted.size() + removed.size());
-    }
-    // The rows that one dataChanged named, as first and last row.
-    std::pair<int, int> rows(int i) const
-    {
-        return {dataChanged.at(i).at(0).toModelIndex().row(),
-                dataChanged.at(i).at(1).toModelIndex().row()};
-    }
-    QSignalSpy dataChanged, layoutChanged, reset, inserted, removed;
-};
 
 } // namespace
 
@@ -200,34 +177,6 @@ private slots:
         QVERIFY(std::is_sorted(sizes.begin(), sizes.end()));
         // The first category of the new order is the one on the right.
         QCOMPARE(m_review->fileModel()->categoryIndex(), left->categoryAt(0));
-    }
-
-    // A tick redraws its row and the category's row, nothing else; the
-    // boxes over the panes change with them, and a select-all is one signal.
-    void aTickRedrawsItsRowAndItsCategory()
-    {
-        QTreeView *files = m_review->rightOutlineView();
-        const ModelSignals right(m_review->fileModel());
-        const ModelSignals left(m_review->categoryModel());
-        const int gamma = rowNamed(files, "gamma").row();
-        tick(files, "gamma");
-        QCOMPARE(right.dataChanged.size(), 1);
-        QCOMPARE(right.rows(0), std::make_pair(gamma, gamma));
-        QCOMPARE(left.dataChanged.size(), 1);
-        QCOMPARE(left.rows(0), std::make_pair(0, 0));
-        QCOMPARE(checkOf(m_review->categoryModel()->index(0, 0)), Qt::PartiallyChecked);
-        QCOMPARE(m_review->updateAllDetailBtn()->checkState(), Qt::PartiallyChecked);
-
-        m_review->updateAllDetailBtn()->click();
-        QCOMPARE(right.dataChanged.size(), 2);
-        QCOMPARE(right.rows(1), std::make_pair(0, files->model()->rowCount() - 1));
-        QCOMPARE(checkOf(rowNamed(files, "gamma")), Qt::Checked);
-
-        // The category's own box redraws its files once.
-        clickCheckBox(m_review->leftCategoryTableView(), m_review->categoryModel()->index(0, 0));
-        QCOMPARE(checkOf(rowNamed(files, "alpha")), Qt::Unchecked);
-        QCOMPARE(right.dataChanged.size(), 3);
-        QCOMPARE(right.wholeList() + left.wholeList(), 0);
     }
 };
 

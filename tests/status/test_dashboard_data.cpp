@@ -50,36 +50,20 @@ private slots:
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("device");
         QTest::addColumn<bool>("shown");
-        QTest::newRow("system disk on overlay") << "/"
-                                                << "overlay"
-                                                << "overlay" << true;
-        QTest::newRow("data disk") << "/data"
-                                   << "ext4"
-                                   << "/dev/sdb1" << true;
-        QTest::newRow("network share") << "/mnt/nas"
-                                       << "nfs4"
-                                       << "nas:/export" << true;
-        QTest::newRow("zfs dataset") << "/tank"
-                                     << "zfs"
-                                     << "tank/data" << true;
-        QTest::newRow("zfs snapshot") << "/tank/.zfs/snapshot/a"
-                                      << "zfs"
-                                      << "tank/data@a" << false;
-        QTest::newRow("btrfs snapshot") << "/.snapshots/5/snapshot"
-                                        << "btrfs"
-                                        << "/dev/sda2" << false;
-        QTest::newRow("snap package") << "/snap/core/1"
-                                      << "squashfs"
-                                      << "/dev/loop3" << false;
-        QTest::newRow("kernel") << "/proc"
-                                << "proc"
-                                << "proc" << false;
-        QTest::newRow("memory") << "/run"
-                                << "tmpfs"
-                                << "tmpfs" << false;
-        QTest::newRow("container layer") << "/var/lib/docker/x"
-                                         << "overlay"
-                                         << "overlay" << false;
+        const auto row = [](const char *name, const char *mountPoint, const char *type,
+                            const char *device, bool shown) {
+            QTest::newRow(name) << QString(mountPoint) << QString(type) << QString(device) << shown;
+        };
+        row("system disk on overlay", "/", "overlay", "overlay", true);
+        row("data disk", "/data", "ext4", "/dev/sdb1", true);
+        row("network share", "/mnt/nas", "nfs4", "nas:/export", true);
+        row("zfs dataset", "/tank", "zfs", "tank/data", true);
+        row("zfs snapshot", "/tank/.zfs/snapshot/a", "zfs", "tank/data@a", false);
+        row("btrfs snapshot", "/.snapshots/5/snapshot", "btrfs", "/dev/sda2", false);
+        row("snap package", "/snap/core/1", "squashfs", "/dev/loop3", false);
+        row("kernel", "/proc", "proc", "proc", false);
+        row("memory", "/run", "tmpfs", "tmpfs", false);
+        row("container layer", "/var/lib/docker/x", "overlay", "overlay", false);
     }
     void userVolumes()
     {
@@ -197,6 +181,8 @@ private slots:
                                           << "Unknown";
         QTest::newRow("no firmware name") << QByteArray() << "Unknown"
                                           << "Unknown";
+        QTest::newRow("no table") << QByteArray("VirtualBox\n") << "Unknown"
+                                  << "Unknown";
     }
     void modelNames()
     {
@@ -204,18 +190,16 @@ private slots:
         TestEnvironment env;
         if (!product.isEmpty())
             writeText(env.root() + "/sys/class/dmi/id/product_name", product);
+        if (QByteArray(QTest::currentDataTag()) == "no table")
+            QFile::remove(env.resources() + "/SIMachineAttributes.plist");
         const SystemStatusService::ModelData names = SystemStatusService::getModelData();
         QTEST(names.model, "model");
         QTEST(names.marketingModel, "marketing");
     }
 
-    void modelNamesWithoutTheTable()
+    // An entry without its names block is as good as none.
+    void modelEntryWithoutNames()
     {
-        TestEnvironment env;
-        QFile::remove(env.resources() + "/SIMachineAttributes.plist");
-        writeText(env.root() + "/sys/class/dmi/id/product_name", "VirtualBox\n");
-        QCOMPARE(SystemStatusService::getModelData().model, QString("Unknown"));
-        // An entry without its names block is as good as none.
         const QVariantMap table{{"VirtualBox", QVariantMap{{"model", "VirtualBox"}}}};
         QCOMPARE(SystemStatusService::modelData(table, "VirtualBox").marketingModel,
                  QString("Unknown"));

@@ -103,22 +103,6 @@ private slots:
         QCOMPARE(System::uname().nodename, QString::fromLatin1(toolOutput("uname -n").trimmed()));
     }
 
-    void usageCPUCountsTheTicksBetweenReadings()
-    {
-        System system;
-        const System::CPUUsage sinceBoot = system.usageCPU();
-        QVERIFY(sinceBoot.total > 0);
-        QVERIFY(std::abs(sinceBoot.user + sinceBoot.system + sinceBoot.idle + sinceBoot.nice -
-                         100) < 1e-6);
-        // The next reading covers only the ticks since: far fewer.
-        QTRY_VERIFY(System::hostCPULoadInfo() != system.loadPrevious);
-        const System::CPUUsage next = system.usageCPU();
-        QVERIFY(next.total > 0);
-        QVERIFY(next.total < sinceBoot.total);
-        for (double share : {next.user, next.system, next.idle, next.nice})
-            QVERIFY(share >= 0 && share <= 100);
-    }
-
     void usageBetween_data()
     {
         QTest::addColumn<LoadInfo>("previous");
@@ -159,22 +143,6 @@ private slots:
         const System::CPUUsage second = system.usageCPU();
         QCOMPARE(second.total, 0.0);
         QVERIFY(std::isnan(second.user) && std::isnan(second.idle));
-    }
-
-    void thermalLevelFromNumber_data()
-    {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("0") << 0 << "Normal";
-        QTest::newRow("5") << 5 << "Danger";
-        QTest::newRow("10") << 10 << "Crisis";
-        QTest::newRow("7") << 7 << "Unknown";
-        QTest::newRow("-1") << -1 << "Unknown";
-    }
-    void thermalLevelFromNumber()
-    {
-        QFETCH(int, number);
-        QTEST(System::thermalLevelText(System::thermalLevelFromNumber(number)), "text");
     }
 
     void thermalZones_data()

@@ -1,5 +1,8 @@
 #include "support/CliProcess.h"
 
+#include "TestPaths.h"
+#include "support/TestEnvironment.h"
+
 #include <QFile>
 #include <QProcess>
 #include <unistd.h>
@@ -51,4 +54,26 @@ CliProcess::Result CliProcess::run(const QString &program, const QByteArrayList 
     result.out = process.readAllStandardOutput();
     result.err = process.readAllStandardError();
     return result;
+}
+
+QString CliProcess::program()
+{
+    return QStringLiteral(BRENLOW_TEST_BINARY_DIR "/bin/brenlow-cli");
+}
+
+QProcessEnvironment CliProcess::environmentOf(const TestEnvironment &env)
+{
+    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
+    e.insert(QStringLiteral("BRENLOW_PLATFORM"), env.profile());
+    e.insert(QStringLiteral("BRENLOW_ROOT"), env.root());
+    e.insert(QStringLiteral("BRENLOW_RESOURCES"), env.resources());
+    e.insert(QStringLiteral("HOME"), env.home());
+    e.insert(QStringLiteral("XDG_CONFIG_HOME"), env.root() + QStringLiteral("/config"));
+    return e;
+}
+
+CliProcess::Result CliProcess::run(const TestEnvironment &env, const QByteArrayList &args,
+                                   const QByteArray &input)
+{
+    return run(program(), args, environmentOf(env), input);
 }

@@ -3,6 +3,8 @@
 #include <QByteArrayList>
 #include <QProcessEnvironment>
 
+class TestEnvironment;
+
 // brenlow-cli run as a user runs it, with its arguments as exact bytes: a
 // name with a line break or bytes that are not UTF-8 reaches argv unchanged,
 // which a QString argument list cannot do.
@@ -20,4 +22,13 @@ public:
     static Result run(const QString &program, const QByteArrayList &args,
                       const QProcessEnvironment &env, const QByteArray &input = {},
                       bool asNobody = false);
+
+    // This build's brenlow-cli.
+    static QString program();
+    // The world of a TestEnvironment as brenlow-cli's environment: its
+    // profile, root, resources and home, and a settings folder in the root.
+    static QProcessEnvironment environmentOf(const TestEnvironment &env);
+    // brenlow-cli with args in that world.
+    static Result run(const TestEnvironment &env, const QByteArrayList &args,
+                      const QByteArray &input = {});
 };

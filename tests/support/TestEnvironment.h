@@ -18,6 +18,7 @@ public:
     TestEnvironment(const QString &profile, const QString &parentFolder);
     ~TestEnvironment();
 
+    QString profile() const { return m_profile; }
     QString root() const { return m_root.path(); }
     QString home() const;
     QString resources() const { return m_resources.path(); }
