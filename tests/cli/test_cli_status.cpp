@@ -105,7 +105,7 @@ private slots:
         QVERIFY(run.out.isEmpty());
         // One line that names the option at fault.
         QCOMPARE(run.err.count('\n'), 1);
-        QVERIFY2(run.err.startsWith("brenlow-cli: ") && run.err.contains(args.at(1).toUtf8()),
+        QVERIFY2(run.err.startsWith("brenlow-cli: ") && run.err.contains(args.at(1)),
                  run.err.constData());
     }
 };
