@@ -6,7 +6,7 @@ CMAKE_FLAGS ?= -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 CMAKE_EXTRA ?=
 JOBS ?= $(shell nproc)
 
-.PHONY: bootstrap configure build run test bench format clean
+.PHONY: bootstrap configure build run test bench format clean package package-check
 
 bootstrap:
 	@bash scripts/bootstrap
@@ -25,6 +25,16 @@ run: build
 test: build
 	BRENLOW_PRIVILEGE_TESTS=$$([ "$$(id -u)" = 0 ] && echo 1 || echo 0) \
 	  ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+# The Debian package, brenlow_<version>_<arch>.deb in the build folder, which
+# is set to install under /usr for it.
+package: configure
+	cmake -S . -B $(BUILD) -DCMAKE_INSTALL_PREFIX=/usr >/dev/null
+	cmake --build $(BUILD) -j $(JOBS) --target package
+
+# As root: builds, installs, checks and removes the package (scripts/package-check).
+package-check: configure
+	@bash scripts/package-check "$(BUILD)"
 
 bench: build
 	@bash bench/run "$(BUILD)"

@@ -8,6 +8,7 @@
 #include "cli/CliApplications.h"
 #include "cli/CliEraser.h"
 #include "cli/CliPrivacy.h"
+#include "cli/CliUsage.h"
 #include "cli/JsonOutput.h"
 #include "cli/TerminalText.h"
 
@@ -35,22 +36,9 @@ QString CliCommands::sizeText(qint64 bytes)
 
 int CliCommands::usage(const QString &reason)
 {
-    // The reason may quote what was typed: it is escaped where it is made.
-    std::fprintf(stderr, "brenlow-cli: %s\n", reason.toLocal8Bit().constData());
-    std::fputs("usage: brenlow-cli modules [--json]\n"
-               "       brenlow-cli scan MODULE [--json]\n"
-               "       brenlow-cli scan Duplicates [--path DIR] [--min-size KIB] [--json]\n"
-               "       brenlow-cli clean MODULE [--select default|all|PATH...] [--yes] [--json]\n"
-               "       brenlow-cli clean Privacy [--select default|all|BROWSER/GROUP...|\n"
-               "                                 BROWSER/GROUP/RECORD-INDEX...] [--yes] [--json]\n"
-               "       brenlow-cli clean Duplicates [--path DIR] [--min-size KIB] [--select ...]\n"
-               "       brenlow-cli clean Uninstaller --select APP... [--yes] [--json]\n"
-               "       brenlow-cli extensions toggle PATH\n"
-               "       brenlow-cli scan|clean \"Similar Images\" [--path DIR] [--threshold N] ...\n"
-               "       brenlow-cli status [--json] [--watch SECONDS]\n"
-               "       brenlow-cli shred PATH... [--yes]\n"
-               "       brenlow-cli extract ARCHIVE [--password-file FILE] [--to DIR]\n",
-               stderr);
+    // One line: the reason may quote what was typed, escaped where it is made.
+    std::fprintf(stderr, "brenlow-cli: %s (see brenlow-cli --help)\n",
+                 reason.toLocal8Bit().constData());
     return 1;
 }
 
@@ -99,10 +87,23 @@ int CliCommands::run(const QByteArrayList &arguments)
 {
     if (arguments.isEmpty())
         return usage(QStringLiteral("no command given"));
+    const QByteArray command = arguments.first();
+    if (command == "--version" || command == "-V")
+        return CliUsage::version();
+    if (CliUsage::asksForHelp(arguments)) {
+        printOut(CliUsage::help(command));
+        return 0;
+    }
+    if (command.startsWith('-'))
+        return usage(
+            QStringLiteral("unknown option \"%1\"").arg(TerminalText::escapedBytes(command)));
+    if (const QString option = CliUsage::unknownOption(command, arguments.mid(1));
+        !option.isEmpty())
+        return usage(
+            QStringLiteral("%1: unknown option \"%2\"").arg(QString::fromLatin1(command), option));
     SwitchLanguageService::initUserLanguage();
     FinderScans::registerAll();
     KestalUninstallService::registerWithScanDriver();
-    const QByteArray command = arguments.first();
     QStringList args;
     for (const QByteArray &a : arguments.mid(1))
         args.append(QString::fromLocal8Bit(a));

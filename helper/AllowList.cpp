@@ -1,6 +1,7 @@
 #include "helper/AllowList.h"
 
 #include "cleaner/core/FileRemoval.h"
+#include "helper/MountTable.h"
 
 #include <QFile>
 #include <algorithm>
@@ -31,23 +32,6 @@ std::optional<uid_t> parseUid(const QByteArray &text)
     if (!ok || text.isEmpty() || !std::isdigit(uchar(text.front())) || value != uid_t(value))
         return std::nullopt;
     return uid_t(value);
-}
-
-QByteArray unescapeMountField(const QByteArray &field)
-{
-    QByteArray out;
-    for (qsizetype i = 0; i < field.size(); ++i) {
-        const auto octal = [&](qsizetype k) { return field.at(k) >= '0' && field.at(k) <= '7'; };
-        if (field.at(i) == '\\' && i + 3 < field.size() && octal(i + 1) && octal(i + 2) &&
-            octal(i + 3)) {
-            out += char(((field.at(i + 1) - '0') << 6) | ((field.at(i + 2) - '0') << 3) |
-                        (field.at(i + 3) - '0'));
-            i += 3;
-        } else {
-            out += field.at(i);
-        }
-    }
-    return out;
 }
 
 } // namespace
@@ -107,13 +91,9 @@ QByteArray AllowList::homeOf(uid_t uid)
 
 QList<QByteArray> AllowList::mountPoints(const QByteArray &mountinfo)
 {
-    // "36 35 98:0 /mnt1 /mnt/parent rw ...": the fifth field is the mount point.
     QList<QByteArray> mounts;
-    for (const QByteArray &line : mountinfo.split('\n')) {
-        const QList<QByteArray> fields = line.split(' ');
-        if (fields.size() > 4 && fields.at(4).startsWith('/'))
-            mounts.append(unescapeMountField(fields.at(4)));
-    }
+    for (const MountEntry &entry : MountTable::parse(mountinfo))
+        mounts.append(entry.mountPoint);
     return mounts;
 }
 

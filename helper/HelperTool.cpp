@@ -8,7 +8,7 @@
 
 HelperTool::HelperTool()
     : m_channel(0, 1), m_removal(AllowList::forCaller()), m_shred(AllowList::forCaller()),
-      m_mover(ExtensionMover::forCaller())
+      m_mover(ExtensionMover::forCaller()), m_ntfs(AllowList::callerUid())
 {
     m_worker.setObjectName(QStringLiteral("helper operations"));
     m_onWorker.moveToThread(&m_worker);
@@ -143,8 +143,9 @@ void HelperTool::carryOut(const QCborMap &folders, const IdentityMap &identities
             status = int(moved ? errorKind::success : errorKind::delete_);
             if (moved)
                 m_channel.send(Wire::processedCall(it.key(), 0, moduleIndex));
+        } else if (type == qint64(operationType::usb)) {
+            status = m_ntfs.makeWritable(it.key());
         } else if (type != qint64(operationType::delete_)) {
-            // The volume switch is not carried out yet.
             status = int(errorKind::nocause);
         } else {
             struct stat st;

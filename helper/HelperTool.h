@@ -3,6 +3,7 @@
 #include "cleaner/clean/CleanProtocols.h"
 #include "cleaner/clean/MessageChannel.h"
 #include "helper/ExtensionMover.h"
+#include "helper/NtfsSwitch.h"
 #include "helper/SafeRemoval.h"
 #include "helper/SafeShred.h"
 
@@ -38,6 +39,7 @@ private:
     SafeRemoval m_removal;
     SafeShred m_shred;
     ExtensionMover m_mover;
+    NtfsSwitch m_ntfs;
     QThread m_worker;
     QObject m_onWorker; // what runs on m_worker is posted to this object
     QMutex m_lock;

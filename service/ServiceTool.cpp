@@ -112,7 +112,17 @@ void ServiceTool::received(const QCborValue &message)
 
 void ServiceTool::bundledHelperVersionWithReply(TextReply reply)
 {
-    reply(QStringLiteral(BRENLOW_VERSION));
+    // The helper this service would start, asked without privilege: its
+    // "brenlow-helper VERSION" line; "" when there is none to run.
+    QProcess helper;
+    helper.start(helperPath(), {QStringLiteral("--version")});
+    if (!helper.waitForFinished(5000) || helper.exitCode() != 0) {
+        helper.kill();
+        reply(QString());
+        return;
+    }
+    const QString line = QString::fromUtf8(helper.readAllStandardOutput()).trimmed();
+    reply(line.section(QLatin1Char(' '), 1));
 }
 
 void ServiceTool::installHelperToolWithReply(ValueReply reply)

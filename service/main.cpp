@@ -13,6 +13,10 @@ int main(int argc, char *argv[])
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
+    if (args.contains(QStringLiteral("--version"))) {
+        std::printf("brenlow-service %s\n", BRENLOW_VERSION);
+        return 0;
+    }
     const qsizetype at = args.indexOf(QStringLiteral("--name"));
     const QString name = at >= 0 && at + 1 < args.size() ? args[at + 1] : QString();
     if (!XPCUtil::isServiceIdentifier(name)) {

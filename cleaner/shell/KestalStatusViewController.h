@@ -1,5 +1,8 @@
 #pragma once
 
+#include "cleaner/clean/CleanProtocols.h"
+#include "cleaner/status/NtfsVolumes.h"
+
 #include <QTimer>
 #include <QWidget>
 
@@ -12,8 +15,8 @@ class QPushButton;
 
 // The status panel that the tray item opens: CPU, memory, disk and battery,
 // redrawn by their timers while the panel is shown, and the buttons that
-// bring the main window back and end the program. A popup: a click
-// anywhere outside closes it.
+// bring the main window back, switch NTFS volumes to writing, and end the
+// program. A popup: a click anywhere outside closes it.
 class KestalStatusViewController : public QWidget {
     Q_OBJECT
 public:
@@ -27,12 +30,23 @@ public:
 
     void showMainWindow();
     void closeApp();
+    // The NTFS switch: asks, then has the helper mount the NTFS volumes
+    // mounted now for writing, and shows how that went.
+    void ntfsBtn();
+    // The helper's answers, on the main thread.
+    void finished(bool result, const PathMap &folders);
+    void installFail(const QString &error);
+    // Why the helper left a volume as it was (an NtfsStatus number).
+    static QString ntfsReason(int status);
+    // The volumes the last ntfsBtn found.
+    QList<NtfsDisk> diskInfo;
 
     KestalCPUView *cpuView() const { return m_cpuView; }
     KestalMemoryView *memoryView() const { return m_memoryView; }
     KestalDiskView *diskView() const { return m_diskView; }
     KestalBatteryView *batteryView() const { return m_batteryView; }
     QPushButton *optimizeButton() const { return m_optimize; }
+    QPushButton *ntfsButton() const { return m_ntfs; }
     QPushButton *quitButton() const { return m_quit; }
     const QList<QTimer *> timers() const
     {
@@ -55,6 +69,7 @@ private:
     KestalBatteryView *m_batteryView;
     QLabel *m_machine;
     QPushButton *m_optimize;
+    QPushButton *m_ntfs;
     QPushButton *m_quit;
     mutable QTimer m_cpuTimer, m_memoryTimer, m_dbTimer, m_batteryTimer;
 };

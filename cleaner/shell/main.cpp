@@ -9,7 +9,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brenlow"));
-    QApplication::setDesktopFileName(QStringLiteral("brenlow"));
+    QApplication::setDesktopFileName(QStringLiteral("com.orrimay.Brenlow"));
     // Archives named on the command line, as a file manager's "Open with" names them.
     QStringList archives;
     for (const QString &arg : QApplication::arguments().mid(1)) {

@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>Größe</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>NTFS aktivieren</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>Es ist kein NTFS-Laufwerk eingehängt.</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>Möchten Sie NTFS wirklich aktivieren?</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>Die eingehängten NTFS-Laufwerke werden zum Schreiben neu eingehängt.</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>Aktiviert</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>Die NTFS-Laufwerke sind jetzt beschreibbar.</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>Aktivierung fehlgeschlagen</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>Die NTFS-Schreibfunktion konnte nicht aktiviert werden.</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>es ist nicht mehr eingehängt</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>es ist kein NTFS-Laufwerk</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windows hat es nicht sauber geschlossen; prüfen Sie es zuerst unter Windows</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windows ist darauf im Ruhezustand; fahren Sie Windows zuerst vollständig herunter</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>es ist kein NTFS-Treiber mit Schreibzugriff installiert</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>es wird verwendet; schließen Sie die Dateien darauf und versuchen Sie es erneut</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>der Treiber hat es abgelehnt; es bleibt schreibgeschützt</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>es blieb unverändert</translation>
+        </message>
+    </context>
 </TS>

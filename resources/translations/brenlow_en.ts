@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>Size</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>Enable NTFS</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>No NTFS volume is mounted.</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>Are you sure you want to activate NTFS?</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>The NTFS volumes mounted now will be mounted again for writing.</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>Activated</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>The NTFS volumes can now be written to.</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>Activation failed</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>NTFS writing could not be activated.</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>it is not mounted any more</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>it is not an NTFS volume</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windows did not close it cleanly; check it in Windows first</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windows is hibernated on it; shut Windows down fully first</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>no NTFS driver that writes is installed</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>it is in use; close its files and try again</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>the driver refused it; it stays read-only</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>it was left as it was</translation>
+        </message>
+    </context>
 </TS>

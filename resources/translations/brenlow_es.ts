@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>Tamaño</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>Activar NTFS</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>No hay ningún volumen NTFS montado.</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>¿Seguro que desea activar NTFS?</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>Los volúmenes NTFS montados se volverán a montar con escritura.</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>Activado</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>Ahora se puede escribir en los volúmenes NTFS.</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>Error de activación</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>No se pudo activar la escritura NTFS.</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>ya no está montado</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>no es un volumen NTFS</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windows no lo cerró correctamente; compruébelo primero en Windows</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windows está hibernado en él; apague Windows por completo primero</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>no hay instalado ningún controlador NTFS con escritura</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>está en uso; cierre sus archivos e inténtelo de nuevo</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>el controlador lo rechazó; sigue siendo de solo lectura</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>se dejó como estaba</translation>
+        </message>
+    </context>
 </TS>

@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>Taille</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>Activer NTFS</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>Aucun volume NTFS n’est monté.</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>Voulez-vous vraiment activer NTFS ?</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>Les volumes NTFS montés seront remontés en écriture.</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>Activé</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>Les volumes NTFS sont maintenant accessibles en écriture.</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>Échec de l’activation</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>L’écriture NTFS n’a pas pu être activée.</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>il n’est plus monté</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>ce n’est pas un volume NTFS</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windows ne l’a pas fermé proprement ; vérifiez-le d’abord sous Windows</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windows y est en veille prolongée ; arrêtez d’abord complètement Windows</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>aucun pilote NTFS capable d’écrire n’est installé</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>il est utilisé ; fermez ses fichiers et réessayez</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>le pilote l’a refusé ; il reste en lecture seule</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>il est resté tel quel</translation>
+        </message>
+    </context>
 </TS>

@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>サイズ</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>NTFSを有効にする</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>マウントされているNTFSボリュームはありません。</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>NTFSを有効にしてもよろしいですか？</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>マウント中のNTFSボリュームを書き込み可能な状態で再マウントします。</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>有効にしました</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>NTFSボリュームに書き込めるようになりました。</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>有効にできませんでした</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>NTFS書き込み機能を有効にできませんでした。</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>マウントされていません</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>NTFSボリュームではありません</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windowsが正しく閉じていません。先にWindowsでチェックしてください</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windowsが休止状態です。先にWindowsを完全にシャットダウンしてください</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>書き込み可能なNTFSドライバーがインストールされていません</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>使用中です。ファイルを閉じてからやり直してください</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>ドライバーが拒否しました。読み取り専用のままです</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>変更されませんでした</translation>
+        </message>
+    </context>
 </TS>

@@ -1103,6 +1103,69 @@
             <source>Size</source>
             <translation>大小</translation>
         </message>
-</context>
-    <!-- Privacy: the module's review. getLocalizedString reads the "English" context. -->
+        <message>
+            <source>Enable NTFS</source>
+            <translation>啟用 NTFS</translation>
+        </message>
+        <message>
+            <source>No NTFS volume is mounted.</source>
+            <translation>目前沒有掛載任何 NTFS 磁碟區。</translation>
+        </message>
+        <message>
+            <source>Are your sure to activate NTFS?</source>
+            <translation>確定要啟用 NTFS 嗎？</translation>
+        </message>
+        <message>
+            <source>Activate the system's ntfs function</source>
+            <translation>目前掛載的 NTFS 磁碟區將重新掛載為可寫入。</translation>
+        </message>
+        <message>
+            <source>Activate Success!</source>
+            <translation>已啟用</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function success</source>
+            <translation>現在可以寫入 NTFS 磁碟區了。</translation>
+        </message>
+        <message>
+            <source>Activate Fail!</source>
+            <translation>啟用失敗</translation>
+        </message>
+        <message>
+            <source>Activating the system's ntfs function failed</source>
+            <translation>無法啟用 NTFS 寫入功能。</translation>
+        </message>
+        <message>
+            <source>it is not mounted any more</source>
+            <translation>已不再掛載</translation>
+        </message>
+        <message>
+            <source>it is not an NTFS volume</source>
+            <translation>不是 NTFS 磁碟區</translation>
+        </message>
+        <message>
+            <source>Windows did not close it cleanly; check it in Windows first</source>
+            <translation>Windows 未正常關閉此磁碟區；請先在 Windows 中檢查</translation>
+        </message>
+        <message>
+            <source>Windows is hibernated on it; shut Windows down fully first</source>
+            <translation>Windows 在其上處於休眠狀態；請先將 Windows 完全關機</translation>
+        </message>
+        <message>
+            <source>no NTFS driver that writes is installed</source>
+            <translation>未安裝可寫入的 NTFS 驅動程式</translation>
+        </message>
+        <message>
+            <source>it is in use; close its files and try again</source>
+            <translation>正在使用中；請關閉其中的檔案後再試一次</translation>
+        </message>
+        <message>
+            <source>the driver refused it; it stays read-only</source>
+            <translation>驅動程式拒絕了；仍維持唯讀</translation>
+        </message>
+        <message>
+            <source>it was left as it was</source>
+            <translation>維持原狀</translation>
+        </message>
+    </context>
 </TS>

@@ -103,7 +103,10 @@ private slots:
         const CliProcess::Result run = cli(args);
         QCOMPARE(run.exitCode, 1);
         QVERIFY(run.out.isEmpty());
-        QVERIFY(run.err.contains("brenlow-cli status"));
+        // One line that names the option at fault.
+        QCOMPARE(run.err.count('\n'), 1);
+        QVERIFY2(run.err.startsWith("brenlow-cli: ") && run.err.contains(args.at(1)),
+                 run.err.constData());
     }
 };
 
