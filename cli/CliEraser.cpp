@@ -5,7 +5,6 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/KestalDecompressionService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cli/CliCommands.h"
@@ -187,8 +186,8 @@ int CliEraser::extract(const QByteArrayList &args)
     const QString line = KestalDecompressionService::describe(outcome);
     if (outcome.result != ArchiveExtractor::Result::Done) {
         const QString failed = getLocalizedString(KestalDecompressionService::isRar(archive)
-                                               ? QStringLiteral("Compress Failed")
-                                               : QStringLiteral("Decompress Failed"));
+                                                      ? QStringLiteral("Compress Failed")
+                                                      : QStringLiteral("Decompress Failed"));
         std::fprintf(stderr, "brenlow-cli: %s: %s\n", failed.toLocal8Bit().constData(),
                      TerminalText::escaped(line).toLocal8Bit().constData());
         return outcome.result == ArchiveExtractor::Result::NeedsPassword ? 1 : 2;

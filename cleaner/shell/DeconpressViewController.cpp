@@ -80,7 +80,7 @@ void DeconpressViewController::openFiles(const QStringList &paths)
 void DeconpressViewController::setView(bool isPassword)
 {
     m_title->setText(getLocalizedString(isPassword ? QStringLiteral("Enter Password :")
-                                            : QStringLiteral("Decompression Progress :")));
+                                                   : QStringLiteral("Decompression Progress :")));
     m_bar->setVisible(!isPassword);
     m_field->setVisible(isPassword);
     m_done->setVisible(isPassword);

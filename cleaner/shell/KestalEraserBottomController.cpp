@@ -4,7 +4,6 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Dispatch.h"
 #include "cleaner/core/SwitchLanguageService.h"
-#include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/erasure/ShredService.h"
 #include "cleaner/scan/KestalService.h"
 #include "cleaner/shell/FabricController.h"

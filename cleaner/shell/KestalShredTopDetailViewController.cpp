@@ -61,11 +61,12 @@ KestalShredTopDetailViewController::KestalShredTopDetailViewController(QWidget *
     layout->addWidget(m_table, 1);
 
     connect(m_addFiles, &QPushButton::clicked, this, [this] {
-        addPaths(QFileDialog::getOpenFileNames(this, getLocalizedString(QStringLiteral("Add Files"))));
+        addPaths(
+            QFileDialog::getOpenFileNames(this, getLocalizedString(QStringLiteral("Add Files"))));
     });
     connect(m_addFolder, &QPushButton::clicked, this, [this] {
-        const QString folder =
-            QFileDialog::getExistingDirectory(this, getLocalizedString(QStringLiteral("Add Folder")));
+        const QString folder = QFileDialog::getExistingDirectory(
+            this, getLocalizedString(QStringLiteral("Add Folder")));
         if (!folder.isEmpty())
             addPaths({folder});
     });
@@ -132,8 +133,8 @@ void KestalShredTopDetailViewController::reloadData()
         checked += c.state == 1;
     }
     m_selectAll->setText(getLocalizedString(checked == rows.size() && checked > 0
-                                         ? QStringLiteral("Deselect All")
-                                         : QStringLiteral("Select All")));
+                                                ? QStringLiteral("Deselect All")
+                                                : QStringLiteral("Select All")));
     m_selectAll->setCheckState(checked == 0             ? Qt::Unchecked
                                : checked == rows.size() ? Qt::Checked
                                                         : Qt::PartiallyChecked);

@@ -127,7 +127,8 @@ private slots:
         DeconpressViewController::openFiles({tree.path("e.rar")});
         QTRY_VERIFY(window->isVisible());
         QVERIFY(window->isPassword());
-        QCOMPARE(window->titleLabel()->text(), getLocalizedString(QStringLiteral("Enter Password :")));
+        QCOMPARE(window->titleLabel()->text(),
+                 getLocalizedString(QStringLiteral("Enter Password :")));
         const auto failed = answerNextMessageBox(getLocalizedString(QStringLiteral("Confirm")));
         window->passwordField()->setText(QStringLiteral("wrong"));
         QTest::mouseClick(window->doneButton(), Qt::LeftButton);
