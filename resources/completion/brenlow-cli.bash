@@ -12,21 +12,37 @@ _brenlow_cli()
     local command=${COMP_WORDS[1]} options word i module=
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        COMPREPLY=($(compgen -W 'modules scan clean status --help --version' -- "$cur"))
+        COMPREPLY=($(compgen -W 'modules scan clean status shred extract extensions --help --version' -- "$cur"))
         return
     fi
     case $command in
         modules) options='--json --help' ;;
-        scan) options='--json --path --min-size --help' ;;
-        clean) options='--json --yes --select --path --min-size --help' ;;
+        scan) options='--json --path --min-size --threshold --help' ;;
+        clean) options='--json --yes --select --path --min-size --threshold --help' ;;
         status) options='--json --watch --help' ;;
+        shred)
+            [[ $cur == -* ]] && COMPREPLY=($(compgen -W '--yes --help' -- "$cur")) ||
+                COMPREPLY=($(compgen -f -- "$cur"))
+            return ;;
+        extract)
+            case $prev in
+                --to) COMPREPLY=($(compgen -d -- "$cur")) ;;
+                --password-file) COMPREPLY=($(compgen -f -- "$cur")) ;;
+                *) [[ $cur == -* ]] && COMPREPLY=($(compgen -W '--password-file --to --help' -- "$cur")) ||
+                       COMPREPLY=($(compgen -f -X '!*.@(7z|rar|RAR|7Z)' -- "$cur") $(compgen -d -- "$cur")) ;;
+            esac
+            return ;;
+        extensions)
+            [ "$COMP_CWORD" -eq 2 ] && COMPREPLY=($(compgen -W 'toggle' -- "$cur")) ||
+                COMPREPLY=($(compgen -f -- "$cur"))
+            return ;;
         *) return ;;
     esac
     case $prev in
         --path)
             COMPREPLY=($(compgen -d -- "$cur"))
             return ;;
-        --min-size | --watch)
+        --min-size | --watch | --threshold)
             return ;;
         --select)
             COMPREPLY=($(compgen -W 'default all' -- "$cur") $(compgen -f -- "$cur"))
@@ -40,7 +56,7 @@ _brenlow_cli()
     for ((i = 2; i < COMP_CWORD; i++)); do
         word=${COMP_WORDS[i]}
         case $word in
-            --path | --min-size | --watch) ((i++)) ;;
+            --path | --min-size | --watch | --threshold) ((i++)) ;;
             --select) break ;;
             -*) ;;
             *) module=$word; break ;;
