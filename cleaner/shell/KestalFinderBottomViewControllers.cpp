@@ -5,6 +5,7 @@
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/DuplicateService.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
+#include "cleaner/finders/SimilarService.h"
 #include "cleaner/shell/ElidedLabel.h"
 #include "cleaner/shell/UIInfo.h"
 #include "cleaner/shell/UIUtil.h"
@@ -22,12 +23,14 @@ KestalFinderBottomViewControllers::create(int moduleIndex, KestalRightSplitContr
         return new KestalDuplicateBottomViewController(split, parent);
     if (moduleIndex == KestalLargeAndOldFileServices::moduleIndex)
         return new KestalLargeAndOldFileBottomViewController(split, parent);
+    if (moduleIndex == SimilarService::moduleIndex)
+        return new KestalSimilarBottomController(split, parent);
     return nullptr;
 }
 
-KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
-    KestalRightSplitController *split, QWidget *parent)
-    : KestalRightBottomViewController(DuplicateService::moduleIndex, split, parent)
+KestalRootChoosingBottomViewController::KestalRootChoosingBottomViewController(
+    int moduleIndex, Chooser chooser, KestalRightSplitController *split, QWidget *parent)
+    : KestalRightBottomViewController(moduleIndex, split, parent), m_chooser(chooser)
 {
     m_scanPath = new ElidedLabel(this);
     m_scanPath->setObjectName(QStringLiteral("scanPathTextField"));
@@ -36,7 +39,7 @@ KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
     m_choosePath->setObjectName(QStringLiteral("choosePathBtn"));
     m_choosePath->setMinimumHeight(40); // as tall as the bar's other buttons
     connect(m_choosePath, &QPushButton::clicked, this,
-            &KestalDuplicateBottomViewController::updateScanPathAction);
+            &KestalRootChoosingBottomViewController::updateScanPathAction);
     // The folder stands before the status line and the buttons.
     auto *row = static_cast<QHBoxLayout *>(layout());
     row->insertWidget(0, m_scanPath, 1);
@@ -44,9 +47,9 @@ KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
     reloadTexts();
 }
 
-void KestalDuplicateBottomViewController::reloadTexts()
+void KestalRootChoosingBottomViewController::reloadTexts()
 {
-    UIUtil::setBtnStyle(m_choosePath, getLocalizedString(QStringLiteral("Choose Folder…")),
+    UIUtil::setBtnStyle(m_choosePath, getLocalizedString(QString::fromUtf8(m_chooser.button)),
                         UIInfo::nsColor(QStringLiteral("secondary_button_border_color")),
                         UIInfo::nsMyUI(QStringLiteral("secondary_button_font")));
     // The layout never squeezes the title below its width in this language.
@@ -54,7 +57,7 @@ void KestalDuplicateBottomViewController::reloadTexts()
     KestalRightBottomViewController::reloadTexts();
 }
 
-void KestalDuplicateBottomViewController::changeViewStatus(viewStatus status)
+void KestalRootChoosingBottomViewController::changeViewStatus(viewStatus status)
 {
     KestalRightBottomViewController::changeViewStatus(status);
     // Before a scan, or after one that found nothing, another folder may be chosen.
@@ -62,25 +65,46 @@ void KestalDuplicateBottomViewController::changeViewStatus(viewStatus status)
     m_scanPath->setVisible(choosing);
     m_choosePath->setVisible(choosing);
     m_scanPath->setFullText(getLocalizedString(QStringLiteral("Folder: ")) +
-                            QDir::toNativeSeparators(DuplicateService::path()));
+                            QDir::toNativeSeparators(m_chooser.path()));
 }
 
-bool KestalDuplicateBottomViewController::updateScanPathAction()
+bool KestalRootChoosingBottomViewController::updateScanPathAction()
 {
     const QString chosen = QFileDialog::getExistingDirectory(
-        window(), getLocalizedString(QStringLiteral("Choose the folder to search for duplicates")),
-        DuplicateService::path());
+        window(), getLocalizedString(QString::fromUtf8(m_chooser.dialogTitle)), m_chooser.path());
     if (chosen.isEmpty())
         return false; // cancelled: the folder stays
-    DuplicateService::path() = QDir::cleanPath(chosen);
+    m_chooser.path() = QDir::cleanPath(chosen);
     changeViewStatus(status());
     return true;
 }
+
+KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
+    KestalRightSplitController *split, QWidget *parent)
+    : KestalRootChoosingBottomViewController(
+          DuplicateService::moduleIndex,
+          {&DuplicateService::path, "Choose Folder…", "Choose the folder to search for duplicates"},
+          split, parent)
+{}
 
 void KestalDuplicateBottomViewController::cleanDone(bool success, qint64 size, int number)
 {
     // The removed copies left their groups: sizes and positions follow.
     DuplicateService::updateCategory();
+    KestalRightBottomViewController::cleanDone(success, size, number);
+}
+
+KestalSimilarBottomController::KestalSimilarBottomController(KestalRightSplitController *split,
+                                                             QWidget *parent)
+    : KestalRootChoosingBottomViewController(SimilarService::moduleIndex,
+                                             {&SimilarService::path, "Change Photo Library",
+                                              "Choose the folder to search for similar images"},
+                                             split, parent)
+{}
+
+void KestalSimilarBottomController::cleanDone(bool success, qint64 size, int number)
+{
+    SimilarService::updateCategory();
     KestalRightBottomViewController::cleanDone(success, size, number);
 }
 

@@ -4,7 +4,7 @@
 
 class ElidedLabel;
 
-// The bars of the two finders. Both scans are the finders' own; what
+// The bars of the finders. Their scans are the finders' own; what
 // differs from a junk module's bar is what happens around the clean.
 class KestalFinderBottomViewControllers {
 public:
@@ -13,16 +13,23 @@ public:
     create(int moduleIndex, KestalRightSplitController *split, QWidget *parent);
 };
 
-// Duplicates: the folder the scan walks is chosen on the bar before a scan;
-// after a clean the groups are renumbered and resized from what is left.
-class KestalDuplicateBottomViewController : public KestalRightBottomViewController {
+// A finder whose scan walks one folder: the folder is shown and chosen on
+// the bar before a scan, or after one that found nothing.
+class KestalRootChoosingBottomViewController : public KestalRightBottomViewController {
     Q_OBJECT
 public:
-    explicit KestalDuplicateBottomViewController(KestalRightSplitController *split,
-                                                 QWidget *parent = nullptr);
+    // The finder's root, and the untranslated texts of its button and dialog.
+    struct Chooser {
+        QString &(*path)();
+        const char *button;
+        const char *dialogTitle;
+    };
+
+    KestalRootChoosingBottomViewController(int moduleIndex, Chooser chooser,
+                                           KestalRightSplitController *split,
+                                           QWidget *parent = nullptr);
 
     void changeViewStatus(viewStatus status) override;
-    void cleanDone(bool success, qint64 size, int number) override;
     // Asks for the folder to scan; true when one was chosen.
     bool updateScanPathAction();
 
@@ -33,8 +40,31 @@ protected:
     void reloadTexts() override;
 
 private:
+    Chooser m_chooser;
     QPushButton *m_choosePath = nullptr;
     ElidedLabel *m_scanPath = nullptr;
+};
+
+// Duplicates: after a clean the groups are renumbered and resized from what
+// is left.
+class KestalDuplicateBottomViewController : public KestalRootChoosingBottomViewController {
+    Q_OBJECT
+public:
+    explicit KestalDuplicateBottomViewController(KestalRightSplitController *split,
+                                                 QWidget *parent = nullptr);
+
+    void cleanDone(bool success, qint64 size, int number) override;
+};
+
+// Similar images: the root is the photo library or any folder; after a clean
+// the groups are renumbered, their sizes stay those the scan found.
+class KestalSimilarBottomController : public KestalRootChoosingBottomViewController {
+    Q_OBJECT
+public:
+    explicit KestalSimilarBottomController(KestalRightSplitController *split,
+                                           QWidget *parent = nullptr);
+
+    void cleanDone(bool success, qint64 size, int number) override;
 };
 
 // Large and old files: a file listed in a size and an age category is one

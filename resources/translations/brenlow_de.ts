@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>es blieb unverändert</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>Fotomediathek ändern</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>Ordner für die Suche nach ähnlichen Bildern wählen</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>Schlüsselbild</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>Keine Vorschau</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>Suche nach ähnlichen Bildern…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>Einstellungen der Suche nach ähnlichen Bildern</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>Der Standardwert ist 3; je größer der Wert, desto mehr Bilder gelten als ähnlich.</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>Der Schwellenwert kann nur eine ganze Zahl von 1 bis 64 sein</translation>
+        </message>
     </context>
 </TS>

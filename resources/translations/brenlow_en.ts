@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>it was left as it was</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>Change Photo Library</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>Choose the folder to search for similar images</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>Key picture</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>No preview</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>Similar Image Finder…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>Similar Image Finder Configuration</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>The default value is 3; the larger the value, the more pictures count as similar.</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>The threshold can only be a whole number from 1 to 64</translation>
+        </message>
     </context>
 </TS>

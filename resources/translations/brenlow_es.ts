@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>se dejó como estaba</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>Cambiar fototeca</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>Elija la carpeta en la que buscar imágenes similares</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>Imagen clave</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>Sin vista previa</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>Buscador de imágenes similares…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>Configuración del buscador de imágenes similares</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>El valor predeterminado es 3; cuanto mayor sea el valor, más imágenes se considerarán similares.</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>El umbral solo puede ser un número entero de 1 a 64</translation>
+        </message>
     </context>
 </TS>

@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>il est resté tel quel</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>Changer de photothèque</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>Choisissez le dossier où chercher des images similaires</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>Image clé</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>Pas d’aperçu</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>Recherche d’images similaires…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>Configuration de la recherche d’images similaires</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>La valeur par défaut est 3 ; plus la valeur est grande, plus il y a d’images jugées similaires.</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>Le seuil ne peut être qu’un nombre entier de 1 à 64</translation>
+        </message>
     </context>
 </TS>

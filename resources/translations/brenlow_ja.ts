@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>変更されませんでした</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>フォトライブラリを変更</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>類似画像を探すフォルダを選択</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>基準の画像</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>プレビューなし</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>類似画像検索…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>類似画像検索の設定</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>既定値は 3 です。値が大きいほど、多くの画像が類似と見なされます。</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>しきい値には 1 から 64 までの整数しか指定できません</translation>
+        </message>
     </context>
 </TS>

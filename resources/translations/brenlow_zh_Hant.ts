@@ -1167,5 +1167,37 @@
             <source>it was left as it was</source>
             <translation>維持原狀</translation>
         </message>
+        <message>
+            <source>Change Photo Library</source>
+            <translation>變更照片圖庫</translation>
+        </message>
+        <message>
+            <source>Choose the folder to search for similar images</source>
+            <translation>選擇要搜尋相似圖片的檔案夾</translation>
+        </message>
+        <message>
+            <source>Key picture</source>
+            <translation>基準圖片</translation>
+        </message>
+        <message>
+            <source>No preview</source>
+            <translation>無預覽</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder…</source>
+            <translation>相似圖片搜尋…</translation>
+        </message>
+        <message>
+            <source>Similar Image Finder Configuration</source>
+            <translation>相似圖片搜尋設定</translation>
+        </message>
+        <message>
+            <source>The default value is 3, the large the value, the more similar images will be found.</source>
+            <translation>預設值為 3；數值越大，越多圖片會被視為相似。</translation>
+        </message>
+        <message>
+            <source>The threshold can only be a whole number from 1 to 64</source>
+            <translation>臨界值只能是 1 到 64 之間的整數</translation>
+        </message>
     </context>
 </TS>
