@@ -171,7 +171,7 @@ KestalDetailViewController::KestalDetailViewController(int moduleIndex, QWidget 
         row->addWidget(sortButton);
         return row;
     };
-    auto *panes = new QGridLayout;
+    auto *panes = m_panes = new QGridLayout;
     panes->setHorizontalSpacing(12);
     panes->addLayout(rightHead, 0, 1);
     panes->addLayout(boxAndSort(m_allCategory, m_categoryPopUpButton), 1, 0);

@@ -8,6 +8,7 @@ class ElidedLabel;
 class KestalTopDetailLeftTableView;
 class KestalTopDetailRigthOutlineView;
 class QCheckBox;
+class QGridLayout;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -69,6 +70,9 @@ protected:
     virtual void propagateSelection() {}
     // The row above the panes (back button, search field), for a module's own controls.
     QHBoxLayout *topRow() const { return m_top; }
+    // The panes' grid: row 2 holds the lists (column 0 the categories,
+    // column 1 the files); the rows below are free for a module's own pieces.
+    QGridLayout *panesLayout() const { return m_panes; }
     // Shows the first row of the left pane (a category, or the placeholder).
     void showFirstRow();
 
@@ -103,4 +107,5 @@ private:
     QCheckBox *m_allDetail;
     QPushButton *m_back;
     QHBoxLayout *m_top;
+    QGridLayout *m_panes;
 };

@@ -3,10 +3,13 @@
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
+#include "cleaner/finders/SimilarService.h"
+#include "cleaner/shell/KestalImagePreview.h"
 #include "cleaner/shell/KestalTopDetailLeftTableView.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
 
 #include <QComboBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -40,6 +43,8 @@ KestalDetailViewController *KestalFinderDetailViewControllers::create(int module
         return new KestalDuplicateTopDetailViewController(parent);
     if (moduleIndex == KestalLargeAndOldFileServices::moduleIndex)
         return new KestalLargeAndOldFileTopDetailViewController(parent);
+    if (moduleIndex == SimilarService::moduleIndex)
+        return new KestalSimilarTopDetailViewController(parent);
     return nullptr;
 }
 
@@ -128,4 +133,35 @@ void KestalLargeAndOldFileTopDetailViewController::propagateSelection()
         c.state = AppModuleService::calculateParentState(c.files);
     categoryModel()->allCategoriesChanged();
     fileModel()->checksChanged();
+}
+
+KestalSimilarTopDetailViewController::KestalSimilarTopDetailViewController(QWidget *parent)
+    : KestalDetailViewController(SimilarService::moduleIndex, parent)
+{
+    fileModel()->sort(QString(), QStringLiteral("order"));
+    fileModel()->setLeadMark(QStringLiteral("Key picture"));
+    fileModel()->setEmptyRowText(SimilarService::emptyFileName);
+    m_preview = new KestalImagePreview(QSize(320, 200), this);
+    panesLayout()->addWidget(m_preview, 3, 1, Qt::AlignCenter);
+    connect(rightOutlineView()->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &KestalSimilarTopDetailViewController::previewCurrentFile);
+    previewCurrentFile();
+}
+
+void KestalSimilarTopDetailViewController::reloadData()
+{
+    // A scan that found no group stored the empty category: it is shown as
+    // the placeholder, with no box to tick.
+    const QList<Category> &groups = AppModuleService::categoriesOf(SimilarService::moduleIndex);
+    const bool none = groups.size() == 1 && isEmptyCategory(groups.first());
+    categoryModel()->setFilter(none ? [](const Category &) { return false; }
+                                    : std::function<bool(const Category &)>());
+    categoryModel()->setPlaceholder(none ? std::optional<Category>(groups.first()) : std::nullopt);
+    KestalDetailViewController::reloadData();
+}
+
+void KestalSimilarTopDetailViewController::previewCurrentFile()
+{
+    const FolderInfoPtr file = fileModel()->fileAt(rightOutlineView()->currentIndex());
+    m_preview->showPicture(file ? file->url.toLocalFile() : QString());
 }

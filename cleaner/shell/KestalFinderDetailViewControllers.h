@@ -3,9 +3,10 @@
 #include "cleaner/finders/DuplicateService.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 
+class KestalImagePreview;
 class QComboBox;
 
-// The reviews of the two finders.
+// The reviews of the finders.
 class KestalFinderDetailViewControllers {
 public:
     // The review of a finder module, null for any other module.
@@ -48,4 +49,22 @@ public:
 
 protected:
     void propagateSelection() override;
+};
+
+// Similar images: each group lists its key picture first, in bold, then the
+// others by path; the picture chosen in the list is previewed below it.
+class KestalSimilarTopDetailViewController : public KestalDetailViewController {
+    Q_OBJECT
+public:
+    explicit KestalSimilarTopDetailViewController(QWidget *parent = nullptr);
+
+    void reloadData() override;
+
+    KestalImagePreview *previewImageView() const { return m_preview; }
+
+private:
+    // Previews the file of the right pane's current row.
+    void previewCurrentFile();
+
+    KestalImagePreview *m_preview;
 };

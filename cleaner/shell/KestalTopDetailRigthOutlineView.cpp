@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QFont>
 #include <algorithm>
 #include <numeric>
 #include <sys/stat.h>
@@ -61,7 +62,9 @@ void KestalTopDetailRigthOutlineView::computeOrder()
     std::iota(m_order.begin(), m_order.end(), 0);
     const bool ascending = m_sortDirection == QLatin1String("ascending");
     const QList<FolderInfoPtr> &files = m_files;
-    if (m_sortby == QLatin1String("selection")) {
+    if (m_sortby == QLatin1String("order")) {
+        // as the category lists them
+    } else if (m_sortby == QLatin1String("selection")) {
         std::stable_partition(m_order.begin(), m_order.end(),
                               [&](int i) { return (files[i]->checked == 1) != ascending; });
     } else {
@@ -88,7 +91,8 @@ void KestalTopDetailRigthOutlineView::sort(const QString &sortDirection, const Q
     if (sortDirection == QLatin1String("ascending") || sortDirection == QLatin1String("descending"))
         m_sortDirection = sortDirection;
     static const QStringList keys = {QStringLiteral("name"), QStringLiteral("size"),
-                                     QStringLiteral("date"), QStringLiteral("selection")};
+                                     QStringLiteral("date"), QStringLiteral("selection"),
+                                     QStringLiteral("order")};
     if (keys.contains(sortby))
         m_sortby = sortby;
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
@@ -245,8 +249,12 @@ QVariant KestalTopDetailRigthOutlineView::data(const QModelIndex &index, int rol
             return emptyRowText();
         return {};
     }
+    const bool lead = !child && !m_leadMark.isEmpty() && fileIndexOf(index) == 0;
     switch (role) {
     case Qt::DisplayRole:
+        if (index.column() == nameColumn && lead)
+            return QString(file->name + QStringLiteral("  (") + getLocalizedString(m_leadMark) +
+                           QLatin1Char(')'));
         if (index.column() == nameColumn && m_showsFolder && !child)
             return QString(file->name + QStringLiteral("  \u2014  ") +
                            QFileInfo(file->url.toLocalFile()).path());
@@ -261,6 +269,13 @@ QVariant KestalTopDetailRigthOutlineView::data(const QModelIndex &index, int rol
         return index.column() == nameColumn && !child ? QVariant(iconOf(*file)) : QVariant();
     case Qt::ToolTipRole:
         return index.column() == nameColumn ? toolTipOf(*file) : QVariant();
+    case Qt::FontRole:
+        if (lead) {
+            QFont bold;
+            bold.setBold(true);
+            return bold;
+        }
+        return {};
     default:
         return {};
     }

@@ -28,7 +28,8 @@ public:
     int categoryIndex() const { return m_categoryIndex; }
     // "ascending"/"descending" by "name", "size", "date" or "selection"; an
     // unknown word keeps the stored one. "selection" brings the ticked files
-    // together: first when descending, last when ascending.
+    // together: first when descending, last when ascending. "order" keeps the
+    // category's own order in either direction.
     void sort(const QString &sortDirection, const QString &sortby);
     void sort(int column, Qt::SortOrder order) override;
     QString sortDirection() const { return m_sortDirection; }
@@ -40,6 +41,9 @@ public:
     // Each file's row also names its folder, for lists of files that share
     // a name (the copies of a duplicate group).
     void setShowsFolder(bool on) { m_showsFolder = on; }
+    // The category's first file is its lead (a group's key picture): its
+    // row is in bold and its name followed by this text, translated.
+    void setLeadMark(const QString &key) { m_leadMark = key; }
     // The text of the one row an empty list shows ("Empty" unless set).
     void setEmptyRowText(const QString &key) { m_emptyRowText = key; }
     QString emptyRowText() const;
@@ -79,6 +83,7 @@ private:
     QString m_sortby = QStringLiteral("size");
     QString m_emptyRowText = QStringLiteral("Empty");
     bool m_showsFolder = false;
+    QString m_leadMark;
     mutable QHash<QString, QIcon> m_icons;
     // Links are seen when their row is first drawn, not while the list is built.
     mutable QHash<const FolderInfo *, QString> m_linkTargets;
