@@ -17,6 +17,7 @@
 #include "cleaner/shell/KestalDuplicateConfigurationWindowController.h"
 #include "cleaner/shell/KestalFirstLoginViewController.h"
 #include "cleaner/shell/KestalRootViewController.h"
+#include "cleaner/shell/KestalSimilarConfigurationWindowController.h"
 #include "cleaner/shell/KestalStatusItem.h"
 #include "cleaner/shell/KestalStatusViewController.h"
 #include "cleaner/shell/KestalTrashOfferDialog.h"
@@ -210,6 +211,9 @@ void AppDelegate::buildMenus()
     m_duplicateConfigurationItem = m_configurationMenu->addAction(QString());
     connect(m_duplicateConfigurationItem, &QAction::triggered, this,
             &AppDelegate::duplicateConfigureAction);
+    m_similarConfigurationItem = m_configurationMenu->addAction(QString());
+    connect(m_similarConfigurationItem, &QAction::triggered, this,
+            &AppDelegate::similarConfigureAction);
 
     m_helpMenu = std::make_unique<QMenu>();
     for (const QString &key : linkKeys) {
@@ -246,6 +250,8 @@ void AppDelegate::changeLanguage()
         it.value()->setChecked(it.key() == current);
     m_configurationMenu->setTitle(getLocalizedString(QStringLiteral("Configuration")));
     m_duplicateConfigurationItem->setText(getLocalizedString(QStringLiteral("Duplicate Finder…")));
+    m_similarConfigurationItem->setText(
+        getLocalizedString(QStringLiteral("Similar Image Finder…")));
     m_helpMenu->setTitle(getLocalizedString(QStringLiteral("Help")));
     for (auto it = m_linkItems.begin(); it != m_linkItems.end(); ++it) {
         it.value()->setText(linkTitle(it.key()));
@@ -272,6 +278,11 @@ void AppDelegate::languageAction(QAction *sender)
 void AppDelegate::duplicateConfigureAction()
 {
     KestalDuplicateConfigurationWindowController::duplicateConfigureAction();
+}
+
+void AppDelegate::similarConfigureAction()
+{
+    KestalSimilarConfigurationWindowController::similarConfigureAction();
 }
 
 void AppDelegate::openSettingLink(const QString &key)

@@ -35,6 +35,8 @@ public:
     void languageAction(QAction *sender);
     // Opens the duplicate finder's configuration window.
     void duplicateConfigureAction();
+    // Opens the similar image finder's configuration window.
+    void similarConfigureAction();
     // Opens the page under a key of the settings list ("support_link", ...).
     void openSettingLink(const QString &key);
     void showFirstLoginWindow();
@@ -50,6 +52,7 @@ public:
     QAction *languageItem(const QString &language) const { return m_languageItems.value(language); }
     QAction *linkItem(const QString &key) const { return m_linkItems.value(key); }
     QAction *duplicateConfigurationItem() const { return m_duplicateConfigurationItem; }
+    QAction *similarConfigurationItem() const { return m_similarConfigurationItem; }
     EventMonitor *eventMonitor() const { return m_eventMonitor.get(); }
     KestalFolderEventMonitor *trashMonitor() const { return m_trashMonitor.get(); }
     // The status panel, once the status item exists; the monitor closes it.
@@ -87,6 +90,7 @@ private:
     QAction *m_newsletterItem = nullptr;
     QAction *m_quitItem = nullptr;
     QAction *m_duplicateConfigurationItem = nullptr;
+    QAction *m_similarConfigurationItem = nullptr;
     std::unique_ptr<EventMonitor> m_eventMonitor;
     std::unique_ptr<KestalStatusItem> m_statusItem;
     QUrl m_welcomePage;
