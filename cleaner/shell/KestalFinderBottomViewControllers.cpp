@@ -79,34 +79,30 @@ bool KestalRootChoosingBottomViewController::updateScanPathAction()
     return true;
 }
 
-KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
-    KestalRightSplitController *split, QWidget *parent)
-    : KestalRootChoosingBottomViewController(
-          DuplicateService::moduleIndex,
-          {&DuplicateService::path, "Choose Folder…", "Choose the folder to search for duplicates"},
-          split, parent)
-{}
-
-void KestalDuplicateBottomViewController::cleanDone(bool success, qint64 size, int number)
+void KestalRootChoosingBottomViewController::cleanDone(bool success, qint64 size, int number)
 {
-    // The removed copies left their groups: sizes and positions follow.
-    DuplicateService::updateCategory();
+    // The removed files left their groups.
+    m_chooser.updateCategory();
     KestalRightBottomViewController::cleanDone(success, size, number);
 }
+
+KestalDuplicateBottomViewController::KestalDuplicateBottomViewController(
+    KestalRightSplitController *split, QWidget *parent)
+    : KestalRootChoosingBottomViewController(DuplicateService::moduleIndex,
+                                             {&DuplicateService::path, "Choose Folder…",
+                                              "Choose the folder to search for duplicates",
+                                              &DuplicateService::updateCategory},
+                                             split, parent)
+{}
 
 KestalSimilarBottomController::KestalSimilarBottomController(KestalRightSplitController *split,
                                                              QWidget *parent)
     : KestalRootChoosingBottomViewController(SimilarService::moduleIndex,
                                              {&SimilarService::path, "Change Photo Library",
-                                              "Choose the folder to search for similar images"},
+                                              "Choose the folder to search for similar images",
+                                              &SimilarService::updateCategory},
                                              split, parent)
 {}
-
-void KestalSimilarBottomController::cleanDone(bool success, qint64 size, int number)
-{
-    SimilarService::updateCategory();
-    KestalRightBottomViewController::cleanDone(success, size, number);
-}
 
 KestalLargeAndOldFileBottomViewController::KestalLargeAndOldFileBottomViewController(
     KestalRightSplitController *split, QWidget *parent)

@@ -14,15 +14,18 @@ public:
 };
 
 // A finder whose scan walks one folder: the folder is shown and chosen on
-// the bar before a scan, or after one that found nothing.
+// the bar before a scan, or after one that found nothing. After a clean the
+// finder's groups are brought up to date with what is left.
 class KestalRootChoosingBottomViewController : public KestalRightBottomViewController {
     Q_OBJECT
 public:
-    // The finder's root, and the untranslated texts of its button and dialog.
+    // The finder's root, the untranslated texts of its button and dialog,
+    // and what a clean leaves its groups to do.
     struct Chooser {
         QString &(*path)();
         const char *button;
         const char *dialogTitle;
+        void (*updateCategory)();
     };
 
     KestalRootChoosingBottomViewController(int moduleIndex, Chooser chooser,
@@ -30,6 +33,7 @@ public:
                                            QWidget *parent = nullptr);
 
     void changeViewStatus(viewStatus status) override;
+    void cleanDone(bool success, qint64 size, int number) override;
     // Asks for the folder to scan; true when one was chosen.
     bool updateScanPathAction();
 
@@ -45,15 +49,12 @@ private:
     ElidedLabel *m_scanPath = nullptr;
 };
 
-// Duplicates: after a clean the groups are renumbered and resized from what
-// is left.
+// Duplicates: after a clean the groups are renumbered and resized.
 class KestalDuplicateBottomViewController : public KestalRootChoosingBottomViewController {
     Q_OBJECT
 public:
     explicit KestalDuplicateBottomViewController(KestalRightSplitController *split,
                                                  QWidget *parent = nullptr);
-
-    void cleanDone(bool success, qint64 size, int number) override;
 };
 
 // Similar images: the root is the photo library or any folder; after a clean
@@ -63,8 +64,6 @@ class KestalSimilarBottomController : public KestalRootChoosingBottomViewControl
 public:
     explicit KestalSimilarBottomController(KestalRightSplitController *split,
                                            QWidget *parent = nullptr);
-
-    void cleanDone(bool success, qint64 size, int number) override;
 };
 
 // Large and old files: a file listed in a size and an age category is one

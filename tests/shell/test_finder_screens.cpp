@@ -2,6 +2,7 @@
 // chooser and the scan through the review, a selection, the clean and the
 // log, over trees the test builds: what was ticked goes, the rest stays.
 
+#include "FinderTestSupport.h"
 #include "ReviewClicks.h"
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
@@ -51,34 +52,6 @@ void writeSparse(const QString &path, qint64 size, const QDateTime &modified)
     QVERIFY(f.open(QIODevice::ReadWrite | QIODevice::Truncate));
     QVERIFY(f.resize(size));
     QVERIFY(f.setFileTime(modified, QFileDevice::FileModificationTime));
-}
-
-// Chooses `folder` in the next folder dialog, from the event loop of its exec().
-void answerNextFolderDialog(const QString &folder)
-{
-    auto *poll = new QTimer;
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, folder] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->deleteLater();
-        dialog->setDirectory(folder);
-        static_cast<QDialog *>(dialog)->accept(); // the dialog's own accept, as OK does
-    });
-    poll->start();
-}
-
-// The row of the right pane that shows this file.
-QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
-{
-    for (int row = 0; row < files->rowCount(); ++row) {
-        const QModelIndex index = files->index(row, 0);
-        if (const FolderInfoPtr file = files->fileAt(index);
-            file && file->url.toLocalFile() == path)
-            return index;
-    }
-    return {};
 }
 
 int categoryTitled(int module, const QString &title)
@@ -275,32 +248,19 @@ private slots:
         AppDelegate delegate;
         QAction *entry = delegate.duplicateConfigurationItem();
         QVERIFY(delegate.menus().contains(qobject_cast<QMenu *>(entry->parent())));
-        entry->trigger();
-        entry->trigger(); // the open window comes to the front; no second one
-        QList<KestalDuplicateConfigurationWindowController *> open;
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *c = qobject_cast<KestalDuplicateConfigurationWindowController *>(w))
-                open.append(c);
-        }
-        QCOMPARE(open.size(), 1);
-        QPointer<KestalDuplicateConfigurationWindowController> window = open.first();
-        QVERIFY(window->isVisible());
+        QPointer<KestalDuplicateConfigurationWindowController> window =
+            openOneWindow<KestalDuplicateConfigurationWindowController>(entry);
+        QVERIFY(window);
         QCOMPARE(window->bottomEnterValueTextField()->text(), QString("512"));
         window->bottomEnterValueTextField()->setText(typed);
         QTest::mouseClick(window->okButton(), Qt::LeftButton);
         QCOMPARE(DuplicateService::size, size);
-        if (taken) {
-            QTRY_VERIFY(!window);
-        } else {
-            auto *alert = window->findChild<KestalWarnningAndErrorViewController *>();
-            QVERIFY(alert && alert->isVisible());
-            QCOMPARE(alert->descriptionLabel()->text(),
-                     QString("The number entered can only be an integer"));
-            alert->okAction();
+        if (!taken) {
+            QCOMPARE(closeWarning(window), QString("The number entered can only be an integer"));
             QVERIFY(window->isVisible());
             window->close();
-            QTRY_VERIFY(!window);
         }
+        QTRY_VERIFY(!window);
         DuplicateService::size = 512;
     }
 

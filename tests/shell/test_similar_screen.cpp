@@ -3,6 +3,7 @@
 // picture ticked, the clean and the log, over pictures the test draws: near
 // copies group with their original, the rest stays apart and on disk.
 
+#include "FinderTestSupport.h"
 #include "ReviewClicks.h"
 #include "ShippedWindow.h"
 #include "cleaner/core/AppModuleService.h"
@@ -15,10 +16,8 @@
 #include "cleaner/shell/KestalImagePreview.h"
 #include "cleaner/shell/KestalSimilarConfigurationWindowController.h"
 #include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
-#include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
@@ -58,33 +57,6 @@ void save(const QImage &image, const QString &path, const char *format, int qual
 {
     QDir().mkpath(QFileInfo(path).path());
     QVERIFY2(image.save(path, format, quality), qPrintable(path));
-}
-
-// Chooses `folder` in the next folder dialog, from the event loop of its exec().
-void answerNextFolderDialog(const QString &folder)
-{
-    auto *poll = new QTimer;
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, folder] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->deleteLater();
-        dialog->setDirectory(folder);
-        static_cast<QDialog *>(dialog)->accept();
-    });
-    poll->start();
-}
-
-QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
-{
-    for (int row = 0; row < files->rowCount(); ++row) {
-        const QModelIndex index = files->index(row, 0);
-        if (const FolderInfoPtr file = files->fileAt(index);
-            file && file->url.toLocalFile() == path)
-            return index;
-    }
-    return {};
 }
 
 } // namespace
@@ -230,38 +202,27 @@ private slots:
         AppDelegate delegate;
         QAction *entry = delegate.similarConfigurationItem();
         QVERIFY(delegate.menus().contains(qobject_cast<QMenu *>(entry->parent())));
-        entry->trigger();
-        entry->trigger(); // the open window comes to the front; no second one
-        QList<KestalSimilarConfigurationWindowController *> open;
-        for (QWidget *w : QApplication::topLevelWidgets()) {
-            if (auto *c = qobject_cast<KestalSimilarConfigurationWindowController *>(w))
-                open.append(c);
-        }
-        QCOMPARE(open.size(), 1);
-        QPointer<KestalSimilarConfigurationWindowController> window = open.first();
+        QPointer<KestalSimilarConfigurationWindowController> window =
+            openOneWindow<KestalSimilarConfigurationWindowController>(entry);
+        QVERIFY(window);
         QComboBox *choices = window->sortPopBtn();
         QCOMPARE(choices->currentText(), QString("5"));
         QVERIFY(choices->findText("3") >= 0);
         if (typed.isNull()) {
             choices->setCurrentIndex(choices->findText("10"));
             emit choices->activated(choices->currentIndex());
-            QCOMPARE(SimilarService::threshold, threshold);
-            QVERIFY(window->isVisible());
         } else {
             choices->setEditText(typed);
             QTest::mouseClick(window->okButton(), Qt::LeftButton);
-            QCOMPARE(SimilarService::threshold, threshold);
-            if (!taken) {
-                auto *alert = window->findChild<KestalWarnningAndErrorViewController *>();
-                QVERIFY(alert && alert->isVisible());
-                QCOMPARE(alert->descriptionLabel()->text(),
-                         QString("The threshold can only be a whole number from 1 to 64"));
-                alert->okAction();
-                QVERIFY(window->isVisible());
-            }
         }
+        QCOMPARE(SimilarService::threshold, threshold);
+        if (!taken)
+            QCOMPARE(closeWarning(window),
+                     QString("The threshold can only be a whole number from 1 to 64"));
+        // Only a typed threshold that was taken closes the window.
         if (taken && !typed.isNull())
             QTRY_VERIFY(!window);
+        QVERIFY(window || (taken && !typed.isNull()));
         if (window)
             window->close();
         QTRY_VERIFY(!window);

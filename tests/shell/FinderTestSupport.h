@@ -1,0 +1,66 @@
+#pragma once
+
+// What the finder screens' tests share: the folder dialog answered, a file's
+// row in the review, and the configuration windows of the menu.
+#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
+#include "cleaner/shell/KestalWarnningAndErrorViewController.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPointer>
+#include <QTimer>
+
+// Chooses `folder` in the next folder dialog, from the event loop of its exec().
+inline void answerNextFolderDialog(const QString &folder)
+{
+    auto *poll = new QTimer;
+    poll->setInterval(5);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, folder] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        poll->deleteLater();
+        dialog->setDirectory(folder);
+        static_cast<QDialog *>(dialog)->accept(); // the dialog's own accept, as OK does
+    });
+    poll->start();
+}
+
+// The row of the right pane that shows this file.
+inline QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
+{
+    for (int row = 0; row < files->rowCount(); ++row) {
+        const QModelIndex index = files->index(row, 0);
+        if (const FolderInfoPtr file = files->fileAt(index);
+            file && file->url.toLocalFile() == path)
+            return index;
+    }
+    return {};
+}
+
+// Triggers a menu entry twice: the one window it opens, or null when it
+// opened none or a second one.
+template <class Window> QPointer<Window> openOneWindow(QAction *entry)
+{
+    entry->trigger();
+    entry->trigger(); // the open window comes to the front
+    QList<Window *> open;
+    for (QWidget *w : QApplication::topLevelWidgets()) {
+        if (auto *window = qobject_cast<Window *>(w))
+            open.append(window);
+    }
+    return open.size() == 1 && open.first()->isVisible() ? open.first() : nullptr;
+}
+
+// The warning over `window`, closed; its text, or a null string without one.
+inline QString closeWarning(QWidget *window)
+{
+    auto *alert = window->findChild<KestalWarnningAndErrorViewController *>();
+    if (!alert || !alert->isVisible())
+        return {};
+    const QString text = alert->descriptionLabel()->text();
+    alert->okAction();
+    return text;
+}
