@@ -71,5 +71,4 @@ void KestalImagePreview::showDecoded(quint64 request, const QString &path, const
     else
         setPixmap(QPixmap::fromImage(image));
     m_shown = path;
-    emit pictureShown(path);
 }

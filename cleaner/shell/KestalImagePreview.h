@@ -22,10 +22,6 @@ public:
     // that size where the format allows; a null image when it is none.
     static QImage decodeScaled(const QString &path, QSize box);
 
-signals:
-    // The box shows the picture asked for last (or, failing it, says so).
-    void pictureShown(const QString &path);
-
 private:
     void showDecoded(quint64 request, const QString &path, const QImage &image);
 
