@@ -3,6 +3,7 @@
 #include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/privacy/PrivacyService.h"
+#include "cleaner/scan/UninstallService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
@@ -18,6 +19,7 @@
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 #include "cleaner/shell/KestalShredTopDetailViewController.h"
+#include "cleaner/shell/KestalUninstallerTopDetailRigthOutlineView.h"
 
 using TopChild = KestalSuperViewController::TopChild;
 
@@ -48,6 +50,9 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
             i == PrivacyService::moduleIndex
                 ? new KestalDetailViewController(i, this,
                                                  new KestalPrivacyTopDetailRigthOutlineView(i))
+            : i == UninstallService::moduleIndex
+                ? new KestalDetailViewController(i, this,
+                                                 new KestalUninstallerTopDetailRigthOutlineView())
             : i == ExtensionsFolderInfo::moduleIndex
                 ? new KestalExtensionsTopDetailViewController(this)
                 : KestalFinderDetailViewControllers::create(i, this);
