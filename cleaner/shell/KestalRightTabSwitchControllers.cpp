@@ -39,6 +39,7 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         } else {
             auto *scan = new KestalRightTopOverViewAndScanViewController(i, this);
             auto *log = new KestalCleaningViewAndLogViewController(i, this);
+            log->setListsTakenOnly(i == UninstallService::moduleIndex);
             m_overViews.insert(i, scan);
             m_cleanings.insert(i, log);
             overView = scan;

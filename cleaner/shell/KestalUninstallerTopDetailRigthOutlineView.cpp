@@ -1,6 +1,7 @@
 #include "cleaner/shell/KestalUninstallerTopDetailRigthOutlineView.h"
 
 #include "cleaner/applications/ApplicationPlaces.h"
+#include "cleaner/core/Platform.h"
 #include "cleaner/core/SwitchLanguageService.h"
 #include "cleaner/scan/UninstallService.h"
 
@@ -12,7 +13,6 @@ KestalUninstallerTopDetailRigthOutlineView::KestalUninstallerTopDetailRigthOutli
     QObject *parent)
     : KestalTopDetailRigthOutlineView(UninstallService::moduleIndex, parent)
 {
-    setShowsFolder(true);
     // An application whose every item went has nothing to list.
     setEmptyRowText(QStringLiteral("Nothing of this application is left"));
 }
@@ -36,6 +36,15 @@ QVariant KestalUninstallerTopDetailRigthOutlineView::data(const QModelIndex &ind
         QFont bold;
         bold.setBold(true);
         return bold;
+    }
+    // The folder in the home's short form: what tells ~/.config/tool from
+    // ~/.cache/tool stays in view where a long home would push it out.
+    if (role == Qt::DisplayRole && index.column() == nameColumn) {
+        QString folder = QFileInfo(node->url.toLocalFile()).path();
+        const QString home = QDir::cleanPath(Platform::homeDirectory());
+        if (folder == home || folder.startsWith(home + QLatin1Char('/')))
+            folder.replace(0, home.size(), QStringLiteral("~"));
+        return QString(node->name + QStringLiteral("  \u2014  ") + folder);
     }
     if (role == Qt::ToolTipRole && index.column() == nameColumn) {
         const QString kind =
