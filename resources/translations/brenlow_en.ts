@@ -1168,6 +1168,16 @@
             <translation>it was left as it was</translation>
         </message>
         <message>
+            <source>Nothing of this application is left</source>
+            <translation>Nothing of this application is left</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>The application itself</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Left behind by the application</translation>
             <source>Change Photo Library</source>
             <translation>Change Photo Library</translation>
         </message>

@@ -1168,6 +1168,16 @@
             <translation>il est resté tel quel</translation>
         </message>
         <message>
+            <source>Nothing of this application is left</source>
+            <translation>Il ne reste rien de cette application</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>L’application elle-même</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Laissé par l’application</translation>
             <source>Change Photo Library</source>
             <translation>Changer de photothèque</translation>
         </message>

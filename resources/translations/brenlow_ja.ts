@@ -1168,6 +1168,16 @@
             <translation>変更されませんでした</translation>
         </message>
         <message>
+            <source>Nothing of this application is left</source>
+            <translation>このアプリケーションは何も残っていません</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>アプリケーション本体</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>アプリケーションが残したもの</translation>
             <source>Change Photo Library</source>
             <translation>フォトライブラリを変更</translation>
         </message>

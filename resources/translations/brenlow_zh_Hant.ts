@@ -1168,6 +1168,16 @@
             <translation>維持原狀</translation>
         </message>
         <message>
+            <source>Nothing of this application is left</source>
+            <translation>此應用程式已無任何殘留</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>應用程式本身</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>應用程式遺留的項目</translation>
             <source>Change Photo Library</source>
             <translation>變更照片圖庫</translation>
         </message>

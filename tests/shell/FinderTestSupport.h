@@ -1,8 +1,7 @@
 #pragma once
 
-// What the finder screens' tests share: the folder dialog answered, a file's
-// row in the review, and the configuration windows of the menu.
-#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
+// What the finder screens' tests share: the folder dialog answered, and the
+// configuration windows of the menu.
 #include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 
 #include <QAction>
@@ -26,18 +25,6 @@ inline void answerNextFolderDialog(const QString &folder)
         static_cast<QDialog *>(dialog)->accept(); // the dialog's own accept, as OK does
     });
     poll->start();
-}
-
-// The row of the right pane that shows this file.
-inline QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
-{
-    for (int row = 0; row < files->rowCount(); ++row) {
-        const QModelIndex index = files->index(row, 0);
-        if (const FolderInfoPtr file = files->fileAt(index);
-            file && file->url.toLocalFile() == path)
-            return index;
-    }
-    return {};
 }
 
 // Triggers a menu entry twice: the one window it opens, or null when it
