@@ -107,24 +107,6 @@ private slots:
         const CliProcess::Result list = CliProcess::run(env, {"modules", "--json"});
         QCOMPARE(QJsonDocument::fromJson(list.out).array().size(), 2);
     }
-
-    void badUsage_data()
-    {
-        QTest::addColumn<QByteArrayList>("args");
-        QTest::newRow("no command") << QByteArrayList{};
-        QTest::newRow("unknown command") << QByteArrayList{"frobnicate"};
-        QTest::newRow("unknown module") << QByteArrayList{"scan", "No Such Module"};
-        QTest::newRow("index out of range") << QByteArrayList{"scan", "99"};
-        QTest::newRow("heading row") << QByteArrayList{"scan", "13"};
-    }
-    void badUsage()
-    {
-        QFETCH(QByteArrayList, args);
-        TestEnvironment env(QStringLiteral("linux"));
-        const CliProcess::Result run = CliProcess::run(env, args);
-        QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.err.startsWith("brenlow-cli: "));
-    }
 };
 
 QTEST_GUILESS_MAIN(CliScan)

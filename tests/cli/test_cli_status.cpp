@@ -88,26 +88,6 @@ private slots:
         p.kill();
         p.waitForFinished();
     }
-
-    void badUsage_data()
-    {
-        QTest::addColumn<QByteArrayList>("args");
-        QTest::newRow("no seconds") << QByteArrayList{"status", "--watch"};
-        QTest::newRow("zero seconds") << QByteArrayList{"status", "--watch", "0"};
-        QTest::newRow("not a number") << QByteArrayList{"status", "--watch", "soon"};
-        QTest::newRow("unknown option") << QByteArrayList{"status", "--all"};
-    }
-    void badUsage()
-    {
-        QFETCH(QByteArrayList, args);
-        const CliProcess::Result run = cli(args);
-        QCOMPARE(run.exitCode, 1);
-        QVERIFY(run.out.isEmpty());
-        // One line that names the option at fault.
-        QCOMPARE(run.err.count('\n'), 1);
-        QVERIFY2(run.err.startsWith("brenlow-cli: ") && run.err.contains(args.at(1)),
-                 run.err.constData());
-    }
 };
 
 QTEST_GUILESS_MAIN(CliStatusTest)

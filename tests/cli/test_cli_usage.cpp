@@ -1,8 +1,9 @@
 #include "TestPaths.h"
+#include "support/CliProcess.h"
+#include "support/TestEnvironment.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -10,25 +11,6 @@
 namespace {
 
 const QString bin = QStringLiteral(BRENLOW_TEST_BINARY_DIR);
-
-struct Run {
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
-Run run(const QString &program, const QStringList &args,
-        const QProcessEnvironment &env = QProcessEnvironment::systemEnvironment())
-{
-    QProcess p;
-    p.setProcessEnvironment(env);
-    p.start(program, args);
-    if (!p.waitForFinished(60000))
-        qFatal("%s did not finish", qPrintable(program));
-    return Run{p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-               QString::fromUtf8(p.readAllStandardOutput()),
-               QString::fromUtf8(p.readAllStandardError())};
-}
 
 // The one version, as the build's project line states it.
 QString projectVersion()
@@ -50,45 +32,58 @@ class CliUsageTest : public QObject {
 private slots:
     void helpAndUsageErrors_data()
     {
-        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QByteArrayList>("args");
         QTest::addColumn<int>("exitCode");
         QTest::addColumn<QString>("expected"); // in standard output, or the error line
 
-        QTest::newRow("help") << QStringList{"--help"} << 0 << "Usage: brenlow-cli COMMAND";
+        QTest::newRow("help") << QByteArrayList{"--help"} << 0 << "Usage: brenlow-cli COMMAND";
         QTest::newRow("-h after a command")
-            << QStringList{"clean", "-h"} << 0 << "--select PATH...";
+            << QByteArrayList{"clean", "-h"} << 0 << "--select PATH...";
         QTest::newRow("a command's help before its module")
-            << QStringList{"scan", "--help", "System Junk"} << 0 << "--min-size KIB";
+            << QByteArrayList{"scan", "--help", "System Junk"} << 0 << "--min-size KIB";
         QTest::newRow("unknown option first")
-            << QStringList{"--frobnicate"} << 1 << "unknown option \"--frobnicate\"";
-        QTest::newRow("unknown option of a command") << QStringList{"clean", "Trash Bin", "--force"}
-                                                     << 1 << "clean: unknown option \"--force\"";
+            << QByteArrayList{"--frobnicate"} << 1 << "unknown option \"--frobnicate\"";
+        QTest::newRow("unknown option of a command")
+            << QByteArrayList{"clean", "Trash Bin", "--force"} << 1
+            << "clean: unknown option \"--force\"";
         QTest::newRow("another command's option")
-            << QStringList{"status", "--yes"} << 1 << "status: unknown option \"--yes\"";
+            << QByteArrayList{"status", "--yes"} << 1 << "status: unknown option \"--yes\"";
         QTest::newRow("an option's value may start with a dash")
-            << QStringList{"scan", "Duplicates", "--path", "-no-such-folder"} << 1
+            << QByteArrayList{"scan", "Duplicates", "--path", "-no-such-folder"} << 1
             << "--path: \"-no-such-folder\" is not a folder";
-        QTest::newRow("no command") << QStringList{} << 1 << "no command given";
+        QTest::newRow("no command") << QByteArrayList{} << 1 << "no command given";
         QTest::newRow("unknown command")
-            << QStringList{"sweep"} << 1 << "unknown command \"sweep\"";
+            << QByteArrayList{"sweep"} << 1 << "unknown command \"sweep\"";
+        QTest::newRow("unknown module")
+            << QByteArrayList{"scan", "No Such Module"} << 1 << "No Such Module";
+        QTest::newRow("module index out of range") << QByteArrayList{"scan", "99"} << 1 << "99";
+        QTest::newRow("heading row") << QByteArrayList{"scan", "13"} << 1 << "13";
+        QTest::newRow("watch without seconds")
+            << QByteArrayList{"status", "--watch"} << 1 << "--watch";
+        QTest::newRow("watch zero seconds")
+            << QByteArrayList{"status", "--watch", "0"} << 1 << "--watch";
+        QTest::newRow("watch not a number")
+            << QByteArrayList{"status", "--watch", "soon"} << 1 << "--watch";
     }
     void helpAndUsageErrors()
     {
-        QFETCH(QStringList, args);
+        QFETCH(QByteArrayList, args);
         QFETCH(int, exitCode);
         QFETCH(QString, expected);
-        const Run r = run(bin + "/bin/brenlow-cli", args);
+        // Each in a world of its own: a module name is looked up in its list.
+        TestEnvironment world(QStringLiteral("linux"));
+        const CliProcess::Result r = CliProcess::run(world, args);
+        const QString out = QString::fromUtf8(r.out), err = QString::fromUtf8(r.err);
         QCOMPARE(r.exitCode, exitCode);
         if (exitCode == 0) {
-            QVERIFY2(r.out.contains(expected), qPrintable(r.out));
-            QVERIFY(r.out.contains("Exit status:"));
-            QVERIFY(r.err.isEmpty());
+            QVERIFY2(out.contains(expected), qPrintable(out));
+            QVERIFY(out.contains("Exit status:"));
+            QVERIFY(err.isEmpty());
         } else {
             // One line on standard error, naming the program and the fault.
-            QVERIFY(r.out.isEmpty());
-            QCOMPARE(r.err.count('\n'), 1);
-            QVERIFY2(r.err.startsWith("brenlow-cli: ") && r.err.contains(expected),
-                     qPrintable(r.err));
+            QVERIFY(out.isEmpty());
+            QCOMPARE(err.count('\n'), 1);
+            QVERIFY2(err.startsWith("brenlow-cli: ") && err.contains(expected), qPrintable(err));
         }
     }
 
@@ -97,10 +92,12 @@ private slots:
         const QString version = projectVersion();
         QVERIFY(!version.isEmpty());
         const QString service = QDir(bin + "/libexec/brenlow").canonicalPath() + "/brenlow-service";
-        Run r = run(bin + "/bin/brenlow-cli", {"--version"});
+        CliProcess::Result r = CliProcess::run(CliProcess::program(), {"--version"},
+                                               QProcessEnvironment::systemEnvironment());
         QCOMPARE(r.exitCode, 0);
-        QCOMPARE(r.out, QStringLiteral("brenlow-cli %1\nbrenlow-service %1 %2\nbrenlow-helper %1\n")
-                            .arg(version, service));
+        QCOMPARE(QString::fromUtf8(r.out),
+                 QStringLiteral("brenlow-cli %1\nbrenlow-service %1 %2\nbrenlow-helper %1\n")
+                     .arg(version, service));
 
         // A service with no helper beside it says so rather than a version.
         QTemporaryDir lonely;
@@ -109,9 +106,9 @@ private slots:
                                       QFile::ReadOwner | QFile::ExeOwner));
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("BRENLOW_SERVICE_PATH", lonely.filePath("brenlow-service"));
-        r = run(bin + "/bin/brenlow-cli", {"-V"}, env);
+        r = CliProcess::run(CliProcess::program(), {"-V"}, env);
         QCOMPARE(r.exitCode, 0);
-        QVERIFY2(r.out.endsWith("brenlow-helper not found\n"), qPrintable(r.out));
+        QVERIFY2(r.out.endsWith("brenlow-helper not found\n"), r.out.constData());
     }
 
     void bashCompletion_data()
@@ -149,9 +146,9 @@ private slots:
         // The completion asks the program on PATH, as an installed one does.
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("PATH", bin + "/bin:" + env.value("PATH"));
-        const Run r = run("bash", {"-c", script}, env);
+        const CliProcess::Result r = CliProcess::run("bash", {"-c", script.toUtf8()}, env);
         QCOMPARE(r.exitCode, 0);
-        QCOMPARE(r.out.split('\n', Qt::SkipEmptyParts), offered);
+        QCOMPARE(QString::fromUtf8(r.out).split('\n', Qt::SkipEmptyParts), offered);
     }
 };
 

@@ -24,23 +24,6 @@ private slots:
 
     void cleanup() { m_w.reset(); }
 
-    void scanJson()
-    {
-        const auto run = cli({"scan", "Privacy", "--json"});
-        QCOMPARE(run.exitCode, 0);
-        const QJsonObject module = QJsonDocument::fromJson(run.out).object();
-        const QJsonArray browsers = module.value("categories").toArray();
-        QCOMPARE(browsers.size(), 3);
-        QCOMPARE(browsers[0].toObject().value("title").toString(), QStringLiteral("Chrome"));
-        const QJsonObject visits = browsers[0].toObject().value("files").toArray()[0].toObject();
-        QCOMPARE(visits.value("name").toString(), QStringLiteral("Visit History"));
-        QCOMPARE(visits.value("children").toArray().size(), 4);
-        QCOMPARE(visits.value("children").toArray()[1].toObject().value("dbNumber").toString(),
-                 QStringLiteral("1"));
-        QCOMPARE(browsers[1].toObject().value("files").toArray().size(), 8);
-        QCOMPARE(browsers[2].toObject().value("files").toArray().size(), 0);
-    }
-
     void scanListing()
     {
         // A record's text comes from web pages: it reaches the terminal escaped.

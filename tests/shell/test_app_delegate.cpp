@@ -1,7 +1,6 @@
 #include "ShellTestSupport.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Platform.h"
-#include "cleaner/shell/EventMonitor.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/KestalFirstLoginViewController.h"
 #include "cleaner/shell/KestalRightBottomViewController.h"
@@ -247,24 +246,6 @@ private slots:
 
         item->trigger();
         QVERIFY(!FabricController::isLocalLogEnabled());
-    }
-
-    void clickElsewhereClosesThePopover()
-    {
-        ShellEnvironment env;
-        AppDelegate delegate;
-        launchAgain(delegate);
-        QVERIFY(delegate.eventMonitor()->isRunning());
-        QMainWindow *window = delegate.mainWindow();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-
-        QWidget panel(nullptr, Qt::Tool);
-        panel.resize(200, 120);
-        panel.show();
-        delegate.popover = &panel;
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, QPoint(400, 300));
-        QVERIFY(!panel.isVisible());
     }
 
     // The fonts the screens are drawn with are copied for the user on the

@@ -124,25 +124,6 @@ private slots:
             QCOMPARE(answer, (QVariantMap{{"error", error}}));
     }
 
-    void addressPattern_data()
-    {
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("plain") << "jane.doe@example.com" << true;
-        QTest::newRow("sub domain") << "a_b-c@mail.example.co.uk" << true;
-        QTest::newRow("capitals") << "Jane@example.com" << false;
-        QTest::newRow("no at") << "jane.example.com" << false;
-        QTest::newRow("long ending") << "jane@example.abcdefg" << false;
-        QTest::newRow("plus") << "jane+news@example.com" << false;
-    }
-
-    void addressPattern()
-    {
-        QFETCH(QString, address);
-        QFETCH(bool, valid);
-        QCOMPARE(KestalFirstLoginViewController::isValidAddress(address), valid);
-    }
-
     void firstRunWindowSubscribes()
     {
         ShellEnvironment env;

@@ -153,29 +153,6 @@ private slots:
         QCOMPARE(b.service, 0u);
         QVERIFY(!StatusFigures::battery());
     }
-
-    void thisMachine()
-    {
-        // What this machine has: a battery in sysfs or behind UPower, or none.
-        bool hasBattery = false;
-        for (const QString &name :
-             QDir("/sys/class/power_supply").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            QFile type("/sys/class/power_supply/" + name + "/type");
-            QFile scope("/sys/class/power_supply/" + name + "/scope");
-            hasBattery |=
-                type.open(QIODevice::ReadOnly) && type.readAll().trimmed() == "Battery" &&
-                !(scope.open(QIODevice::ReadOnly) && scope.readAll().trimmed() == "Device");
-        }
-        const auto upower = Battery::fromUPowerService();
-        if (upower)
-            hasBattery = upower->has_value();
-        Battery b;
-        QCOMPARE(b.open() == Battery::kIOReturnSuccess, hasBattery);
-        if (hasBattery) {
-            QVERIFY(b.charge() >= 0 && b.charge() <= 100);
-            QVERIFY(b.currentCapacity() <= b.maxCapactiy() * 1.05 || b.maxCapactiy() == 0);
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(BatteryTest)

@@ -96,13 +96,6 @@ private slots:
         QVERIFY(counts.threadCount >= counts.processCount);
     }
 
-    void namesMatchUname()
-    {
-        QCOMPARE(System::platform(), QString::fromLatin1(toolOutput("uname -m").trimmed()));
-        QCOMPARE(System::uname().release, QString::fromLatin1(toolOutput("uname -r").trimmed()));
-        QCOMPARE(System::uname().nodename, QString::fromLatin1(toolOutput("uname -n").trimmed()));
-    }
-
     void usageBetween_data()
     {
         QTest::addColumn<LoadInfo>("previous");
