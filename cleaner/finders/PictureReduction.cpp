@@ -10,25 +10,33 @@
 #include <mutex>
 #include <png.h>
 
-AreaReducer::AreaReducer(int sourceWidth, int sourceHeight, int width, int height)
-    : sourceWidth_(sourceWidth), sourceHeight_(sourceHeight), width_(width), height_(height),
-      columns_(spans(sourceWidth, width)), rows_(spans(sourceHeight, height)),
-      rowSums_(size_t(width) * 4), sums_(size_t(width) * size_t(height) * 4)
+AreaReducer::AreaReducer(int sourceWidth, int sourceHeight, int width, int height, int scale,
+                         int storedWidth, int storedHeight)
+    : sourceHeight_(sourceHeight), width_(width), height_(height),
+      extentWidth_(scale > 1 ? storedWidth : sourceWidth),
+      extentHeight_(scale > 1 ? storedHeight : sourceHeight),
+      columnStep_(quint32(std::max(scale, 1) * width)),
+      rowStep_(quint32(std::max(scale, 1) * height)),
+      columns_(spans(extentWidth_, std::max(scale, 1), width)),
+      rows_(spans(extentHeight_, std::max(scale, 1), height)), rowSums_(size_t(width) * 4),
+      sums_(size_t(width) * size_t(height) * 4)
 {}
 
-// Source pixel i covers [i × target, (i + 1) × target) and target pixel c
-// covers [c × source, (c + 1) × source) on one scale, so every weight is a
-// whole number and the average is exact.
-std::vector<AreaReducer::Span> AreaReducer::spans(int source, int target)
+// On one scale, stored pixel f covers [f × target, (f + 1) × target), decoded
+// pixel i the stored pixels from i × scale (the last one may cover fewer),
+// and target pixel c covers [c × extent, (c + 1) × extent): every weight is
+// a whole number and the average is exact.
+std::vector<AreaReducer::Span> AreaReducer::spans(int extent, int scale, int target)
 {
     std::vector<Span> result(size_t(std::max(target, 0)));
+    const qint64 step = qint64(scale) * target;
     for (int c = 0; c < target; ++c) {
-        const qint64 begin = qint64(c) * source, end = qint64(c + 1) * source;
+        const qint64 begin = qint64(c) * extent, end = qint64(c + 1) * extent;
         Span &s = result[size_t(c)];
-        s.first = int(begin / target);
-        s.last = int((end - 1) / target);
-        s.firstW = quint32(std::min(end, qint64(s.first + 1) * target) - begin);
-        s.lastW = quint32(end - std::max(begin, qint64(s.last) * target));
+        s.first = int(begin / step);
+        s.last = int((end - 1) / step);
+        s.firstW = quint32(std::min(end, qint64(s.first + 1) * step) - begin);
+        s.lastW = quint32(end - std::max(begin, qint64(s.last) * step));
     }
     return result;
 }
@@ -72,16 +80,16 @@ template <int channels> void AreaReducer::addRowOf(const uchar *pixels)
                     inner[k] += p[k];
             }
             for (int k = 0; k < channels; ++k)
-                sum[k] += quint32(width_) * inner[k] + s.lastW * p[k];
+                sum[k] += columnStep_ * inner[k] + s.lastW * p[k];
         }
         if (channels == 3)
-            sum[3] = 255u * quint32(sourceWidth_); // opaque: the weights add up to the width
+            sum[3] = 255u * quint32(extentWidth_); // opaque: the weights add up to the width
     }
     for (int r = 0; r < height_; ++r) {
         const Span &s = rows_[size_t(r)];
         if (row_ < s.first || row_ > s.last)
             continue;
-        const quint64 weight = row_ == s.first ? s.firstW : row_ == s.last ? s.lastW : height_;
+        const quint64 weight = row_ == s.first ? s.firstW : row_ == s.last ? s.lastW : rowStep_;
         quint64 *sum = &sums_[size_t(r) * size_t(width_) * 4];
         for (size_t k = 0; k < rowSums_.size(); ++k)
             sum[k] += weight * rowSums_[k];
@@ -94,7 +102,7 @@ QImage AreaReducer::result() const
     QImage image(width_, height_, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return image;
-    const quint64 total = quint64(sourceWidth_) * quint64(sourceHeight_);
+    const quint64 total = quint64(extentWidth_) * quint64(extentHeight_);
     for (int y = 0; y < height_; ++y) {
         QRgb *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < width_; ++x) {
@@ -178,7 +186,8 @@ AreaReducer *jpegReduced(const QByteArray &contents, int width, int height)
     info.scale_denom =
         unsigned(jpegDenominator(int(info.image_width), int(info.image_height), width, height));
     jpeg_start_decompress(&info);
-    reducer = new AreaReducer(int(info.output_width), int(info.output_height), width, height);
+    reducer = new AreaReducer(int(info.output_width), int(info.output_height), width, height,
+                              int(info.scale_denom), int(info.image_width), int(info.image_height));
     JSAMPARRAY row = (*info.mem->alloc_sarray)(reinterpret_cast<j_common_ptr>(&info), JPOOL_IMAGE,
                                                info.output_width * 4, 1);
     while (info.output_scanline < info.output_height) {
@@ -312,8 +321,8 @@ QImage PictureReduction::reduceGeneral(const QByteArray &contents, int width, in
     const QSize full = reader.size();
     if (reader.format() == "jpeg" && full.isValid()) {
         const int d = jpegDenominator(full.width(), full.height(), width, height);
-        // Rounded up as libjpeg rounds, so Qt asks it for exactly this scale.
-        reader.setScaledSize(QSize((full.width() + d - 1) / d, (full.height() + d - 1) / d));
+        // Rounded down, so Qt asks libjpeg for exactly this scale.
+        reader.setScaledSize(full / d);
     }
     QImage image = reader.read(); // the first frame only
     if (image.isNull())

@@ -10,7 +10,10 @@
 // picture never has to be held whole.
 class AreaReducer {
 public:
-    AreaReducer(int sourceWidth, int sourceHeight, int width, int height);
+    // A source decoded at 1/scale of a stored picture has its last column
+    // and row cover only what is left of the stored size; they weigh that much.
+    AreaReducer(int sourceWidth, int sourceHeight, int width, int height, int scale = 1,
+                int storedWidth = 0, int storedHeight = 0);
     // One source row of premultiplied pixels, bytes in the order r, g, b, a.
     // Rows come top to bottom, each once.
     void addRow(const uchar *rgba);
@@ -24,10 +27,11 @@ private:
         int first, last;       // source columns (or rows) touching the target one
         quint32 firstW, lastW; // their weights; the ones between weigh the full step
     };
-    static std::vector<Span> spans(int source, int target);
+    static std::vector<Span> spans(int extent, int scale, int target);
     template <int channels> void addRowOf(const uchar *pixels);
 
-    int sourceWidth_, sourceHeight_, width_, height_;
+    int sourceHeight_, width_, height_, extentWidth_, extentHeight_;
+    quint32 columnStep_, rowStep_; // the weight of a whole decoded pixel
     int row_ = 0;
     std::vector<Span> columns_, rows_;
     std::vector<quint32> rowSums_; // per target column and channel, the current row

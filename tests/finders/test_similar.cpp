@@ -217,24 +217,31 @@ private slots:
     void areaAverage_data()
     {
         QTest::addColumn<QList<int>>("source"); // one row of grey values
+        QTest::addColumn<int>("scale");         // decoded at 1/scale of the stored width
+        QTest::addColumn<int>("stored");
         QTest::addColumn<int>("width");
         QTest::addColumn<QList<int>>("expected");
-        QTest::newRow("halves round up") << QList<int>{0, 255} << 1 << QList<int>{128};
-        QTest::newRow("fractional edges") << QList<int>{0, 90, 180} << 2 << QList<int>{30, 150};
-        QTest::newRow("enlarged") << QList<int>{10, 20} << 4 << QList<int>{10, 10, 20, 20};
+        QTest::newRow("halves round up") << QList<int>{0, 255} << 1 << 0 << 1 << QList<int>{128};
+        QTest::newRow("fractional edges")
+            << QList<int>{0, 90, 180} << 1 << 0 << 2 << QList<int>{30, 150};
+        QTest::newRow("enlarged") << QList<int>{10, 20} << 1 << 0 << 4
+                                  << QList<int>{10, 10, 20, 20};
         QTest::newRow("uneven shares")
-            << QList<int>{255, 0, 0, 0, 0, 0, 0} << 3 << QList<int>{109, 0, 0};
+            << QList<int>{255, 0, 0, 0, 0, 0, 0} << 1 << 0 << 3 << QList<int>{109, 0, 0};
+        QTest::newRow("last decoded pixel covers less")
+            << QList<int>{100, 100, 200} << 2 << 5 << 1 << QList<int>{120};
     }
     void areaAverage()
     {
         QFETCH(QList<int>, source);
+        QFETCH(int, scale);
+        QFETCH(int, stored);
         QFETCH(int, width);
         QFETCH(QList<int>, expected);
         QByteArray row;
         for (const int v : source)
             row.append(char(v)).append(char(v)).append(char(v)).append(char(255));
-        AreaReducer reducer(int(source.size()), 2, width, 1);
-        reducer.addRow(reinterpret_cast<const uchar *>(row.constData()));
+        AreaReducer reducer(int(source.size()), 1, width, 1, scale, stored, scale);
         reducer.addRow(reinterpret_cast<const uchar *>(row.constData()));
         const QImage result = reducer.result();
         QList<int> reds;
