@@ -1,21 +1,15 @@
 #include "cleaner/finders/ImageHashes.h"
 
 #include "cleaner/core/Fatal.h"
+#include "cleaner/finders/PictureReduction.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <cstdio>
-#include <mutex>
 
 namespace {
-
-// A JPEG is decoded at 1/8, 1/4 or 1/2 of its size inside libjpeg (DCT
-// scaling) as long as the reduced picture keeps at least this many times the
-// hash's width and height; the final squeeze is then made from it.
-constexpr int reducedFloor = 8;
 
 QByteArray contentsOf(const QString &path)
 {
@@ -25,45 +19,11 @@ QByteArray contentsOf(const QString &path)
     return file.readAll();
 }
 
-void allowLargePictures()
-{
-    // Qt refuses full decodes above 128 MB; photographs of 50 megapixels
-    // and more are ordinary.
-    static std::once_flag once;
-    std::call_once(once, [] { QImageReader::setAllocationLimit(1024); });
-}
-
 } // namespace
 
 QImage DHAAlgorithm::reducedImage(const QByteArray &contents, qint32 width, qint32 height)
 {
-    allowLargePictures();
-    QBuffer buffer;
-    buffer.setData(contents);
-    if (!buffer.open(QIODevice::ReadOnly))
-        return QImage();
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(false); // orientation metadata is ignored
-    reader.setQuality(100);
-    const QSize full = reader.size();
-    if (reader.format() == "jpeg" && full.isValid()) {
-        for (const int denominator : {8, 4, 2}) {
-            // Rounded down, so Qt asks libjpeg for exactly this denominator.
-            const QSize reduced(full.width() / denominator, full.height() / denominator);
-            if (reduced.width() >= reducedFloor * width &&
-                reduced.height() >= reducedFloor * height) {
-                reader.setScaledSize(reduced);
-                break;
-            }
-        }
-    }
-    QImage image = reader.read(); // the first frame only
-    if (image.isNull())
-        return image;
-    image.convertTo(QImage::Format_ARGB32_Premultiplied);
-    if (image.size() != QSize(width, height))
-        image = image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return image;
+    return PictureReduction::reduce(contents, width, height);
 }
 
 DHAAlgorithm::Result DHAAlgorithm::grayImage(const QString &path, qint32 imageWidth,
@@ -114,7 +74,7 @@ AHAAlgorithm::Grid AHAAlgorithm::block_Osx_Getblocks(const QString &path, qint16
 {
     if (orientation > 8)
         orientation = 0;
-    allowLargePictures();
+    PictureReduction::allowLargePictures();
     QImageReader reader(path);
     reader.setAutoTransform(false);
     const QImage image = reader.read();

@@ -3,6 +3,7 @@
 #include "cleaner/finders/BKTreeService.h"
 #include "cleaner/finders/FinderScans.h"
 #include "cleaner/finders/ImageHashes.h"
+#include "cleaner/finders/PictureReduction.h"
 #include "cleaner/finders/SimilarService.h"
 #include "cleaner/scan/KestalService.h"
 #include "support/TestEnvironment.h"
@@ -10,6 +11,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QPainter>
+#include <QRandomGenerator>
 #include <QtTest>
 #include <sys/stat.h>
 
@@ -84,6 +86,28 @@ QByteArray twoFrameGif()
     return gif.append('\x3b');
 }
 
+// A photograph-like picture, seeded: a gradient, a few shapes, a line.
+QImage drawn(quint32 seed, int width, int height)
+{
+    QRandomGenerator rng(seed);
+    const auto colour = [&] {
+        return QColor::fromRgb(rng.bounded(256), rng.bounded(256), rng.bounded(256));
+    };
+    QImage image(width, height, QImage::Format_ARGB32);
+    QPainter p(&image);
+    QLinearGradient sky(rng.bounded(width), 0, rng.bounded(width), height);
+    sky.setColorAt(0, colour());
+    sky.setColorAt(1, colour());
+    p.fillRect(image.rect(), sky);
+    for (int s = 0; s < 6; ++s) {
+        p.setBrush(colour());
+        p.drawEllipse(QPointF(rng.bounded(width), rng.bounded(height)), width / 5, height / 4);
+    }
+    p.setPen(QPen(colour(), 5));
+    p.drawLine(0, int(rng.bounded(height)), width, int(rng.bounded(height)));
+    return image;
+}
+
 QString bitsOf(const QList<qint64> &vector)
 {
     QString s;
@@ -155,6 +179,75 @@ private slots:
         QVERIFY(
             std::all_of(vector.cbegin(), vector.cend(), [](qint64 v) { return v >= 0 && v <= 4; }));
         QVERIFY(hash().value("DHA") != vector);
+    }
+
+    // The direct JPEG and PNG decoders reduce exactly as Qt's readers do.
+    void directDecodersMatchQt_data()
+    {
+        QTest::addColumn<QByteArray>("contents");
+        const QImage photo = drawn(7, 1000, 752);
+        QImage translucent = photo.convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < translucent.height(); ++y) {
+            QRgb *row = reinterpret_cast<QRgb *>(translucent.scanLine(y));
+            for (int x = 0; x < translucent.width(); ++x)
+                row[x] = (row[x] & 0xffffff) | uint((x + y) % 256) << 24;
+        }
+        QTest::newRow("JPEG at 1/8") << encoded(photo, "JPEG");
+        QTest::newRow("small JPEG whole") << encoded(photo.scaled(100, 80), "JPEG");
+        QTest::newRow("grey JPEG")
+            << encoded(photo.convertToFormat(QImage::Format_Grayscale8), "JPEG");
+        QTest::newRow("RGB PNG") << encoded(photo.convertToFormat(QImage::Format_RGB32), "PNG");
+        QTest::newRow("translucent PNG") << encoded(translucent, "PNG");
+        QTest::newRow("palette PNG")
+            << encoded(photo.convertToFormat(QImage::Format_Indexed8), "PNG");
+        QTest::newRow("grey PNG") << encoded(photo.convertToFormat(QImage::Format_Grayscale8),
+                                             "PNG");
+        QTest::newRow("PNG smaller than the hash") << encoded(photo.scaled(5, 3), "PNG");
+    }
+    void directDecodersMatchQt()
+    {
+        QFETCH(QByteArray, contents);
+        const QImage general = PictureReduction::reduceGeneral(contents, 9, 8);
+        const QImage direct = PictureReduction::reduceDirect(contents, 9, 8);
+        QVERIFY(!general.isNull() && !direct.isNull());
+        QCOMPARE(direct, general);
+    }
+
+    // Each target pixel is the exact mean of the area it covers, rounded.
+    void areaAverage_data()
+    {
+        QTest::addColumn<QList<int>>("source"); // one row of grey values
+        QTest::addColumn<int>("scale");         // decoded at 1/scale of the stored width
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<QList<int>>("expected");
+        QTest::newRow("halves round up") << QList<int>{0, 255} << 1 << 0 << 1 << QList<int>{128};
+        QTest::newRow("fractional edges")
+            << QList<int>{0, 90, 180} << 1 << 0 << 2 << QList<int>{30, 150};
+        QTest::newRow("enlarged") << QList<int>{10, 20} << 1 << 0 << 4
+                                  << QList<int>{10, 10, 20, 20};
+        QTest::newRow("uneven shares")
+            << QList<int>{255, 0, 0, 0, 0, 0, 0} << 1 << 0 << 3 << QList<int>{109, 0, 0};
+        QTest::newRow("last decoded pixel covers less")
+            << QList<int>{100, 100, 200} << 2 << 5 << 1 << QList<int>{120};
+    }
+    void areaAverage()
+    {
+        QFETCH(QList<int>, source);
+        QFETCH(int, scale);
+        QFETCH(int, stored);
+        QFETCH(int, width);
+        QFETCH(QList<int>, expected);
+        QByteArray row;
+        for (const int v : source)
+            row.append(char(v)).append(char(v)).append(char(v)).append(char(255));
+        AreaReducer reducer(int(source.size()), 1, width, 1, scale, stored, scale);
+        reducer.addRow(reinterpret_cast<const uchar *>(row.constData()));
+        const QImage result = reducer.result();
+        QList<int> reds;
+        for (int x = 0; x < width; ++x)
+            reds << qRed(result.pixel(x, 0));
+        QCOMPARE(reds, expected);
     }
 
     // Orientation 2 mirrors the picture: the left and right halves swap.
