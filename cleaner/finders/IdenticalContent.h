@@ -33,6 +33,7 @@ using MD5AndPath = QMultiHash<QString, QList<QByteArray>>;
 // Sorts the files of each size into sets of byte-identical files, reading as
 // little as that allows:
 // - paths to one (device, inode) are one file and read once;
+// - files are opened by name from their folder when the walk held it open;
 // - files are first told apart by a hash of their first and last blocks (of
 //   the whole file when that is smaller), and a file that matches nothing is
 //   never read further;
