@@ -122,14 +122,23 @@ QByteArray TerminalText::json(const QJsonDocument &document)
     const QByteArray text = document.toJson();
     QByteArray out;
     out.reserve(text.size());
+    const char *bytes = text.constData();
     for (qsizetype i = 0; i < text.size();) {
+        // Plain ASCII below DEL goes out as it is, a run at a time: a large
+        // result is almost all of it.
+        qsizetype run = i;
+        while (run < text.size() && uchar(bytes[run]) < 0x7f)
+            ++run;
+        out.append(bytes + i, run - i);
+        if ((i = run) >= text.size())
+            break;
         const auto [code, length] = decodeAt(text, i);
         // C0 characters stay: the writer escapes them in strings, and its own
         // line breaks and indentation are C0 too.
         if (code >= 0x7f && isActive(code))
             out += "\\u" + hex(code, 4).toLatin1();
         else
-            out += text.mid(i, qMax(length, 1));
+            out.append(bytes + i, qMax(length, 1));
         i += qMax(length, 1);
     }
     return out;

@@ -2,6 +2,7 @@
 
 #include "cleaner/core/Platform.h"
 
+#include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -112,6 +113,11 @@ const ResourceValues &DirectoryEnumerator::values() const
     return m_values;
 }
 
+int DirectoryEnumerator::folderDescriptor() const
+{
+    return m_stack.empty() ? -1 : dirfd(m_stack.back()->dir);
+}
+
 bool DirectoryEnumerator::next()
 {
     descendIntoPending();
@@ -129,8 +135,13 @@ bool DirectoryEnumerator::next()
         if ((m_options & SkipsHiddenFiles) && name[0] == '.')
             continue;
 
-        m_path = frame.path;
-        m_path.append('/').append(name);
+        // One allocation a path: the walks keep many of them.
+        const size_t nameLength = std::strlen(name);
+        m_path = QByteArray(frame.path.size() + 1 + qsizetype(nameLength), Qt::Uninitialized);
+        char *out = m_path.data();
+        std::memcpy(out, frame.path.constData(), size_t(frame.path.size()));
+        out[frame.path.size()] = '/';
+        std::memcpy(out + frame.path.size() + 1, name, nameLength);
         m_currentLevel = int(m_stack.size());
         m_valuesBuilt = false;
         m_currentReadable = fstatat(dirfd(frame.dir), name, &m_stat, AT_SYMLINK_NOFOLLOW) == 0;

@@ -56,6 +56,10 @@ public:
         return qint64(m_stat.st_size);
     }
     const struct stat &stat() const { return m_stat; }
+    // The open folder that holds the current item, valid until the next call
+    // to next(): opening the item relative to it spares the kernel a lookup
+    // of every component of the path.
+    int folderDescriptor() const;
 
     int level() const { return m_currentLevel; }
     void skipDescendants() { m_skipPending = true; }

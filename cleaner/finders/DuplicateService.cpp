@@ -98,9 +98,25 @@ void post(quint64 generation, Dispatch::Work work)
 // One walker's share of the result; the shares are merged at the end.
 struct WalkShare {
     SizeAndPath sizeAndPath;
-    void save(const QByteArray &path, const struct stat &st)
+    // The folders held open, one a depth, each with its path: a folder's
+    // files can come before and after those of its subfolders.
+    std::vector<std::pair<QByteArray, std::shared_ptr<const OpenFolder>>> folders;
+
+    void save(const DirectoryEnumerator &e)
     {
-        sizeAndPath[qint64(st.st_size)].append(WalkedFile{path, st.st_dev, st.st_ino});
+        const QByteArray &path = e.path();
+        const qsizetype slash = path.lastIndexOf('/');
+        const size_t depth = size_t(e.level());
+        if (folders.size() < depth)
+            folders.resize(depth);
+        auto &[folderPath, folder] = folders[depth - 1];
+        if (folderPath.size() != slash ||
+            std::memcmp(folderPath.constData(), path.constData(), size_t(slash)) != 0) {
+            folderPath = path.left(slash);
+            folder = OpenFolder::hold(e.folderDescriptor());
+        }
+        const struct stat &st = e.stat();
+        sizeAndPath[qint64(st.st_size)].append(WalkedFile{path, st.st_dev, st.st_ino, folder});
     }
 };
 
@@ -120,7 +136,7 @@ void walkFolder(const QByteArray &folder, qint64 limit, quint64 generation, Walk
             continue;
         const struct stat &st = e->stat();
         if (S_ISREG(st.st_mode) && qint64(st.st_size) > limit)
-            share.save(e->path(), st);
+            share.save(*e);
     }
 }
 
@@ -211,7 +227,7 @@ std::pair<SizeAndPath, MoreDoubleSize> DuplicateService::walk(const QByteArray &
                 walkFolder(entry.path, limit, generation, share);
             else if (entry.isRegularFile && entry.size > limit)
                 share.sizeAndPath[entry.size].append(
-                    WalkedFile{entry.path, entry.device, entry.inode});
+                    WalkedFile{entry.path, entry.device, entry.inode, nullptr});
         },
         [generation] { return stopped(generation); });
 

@@ -15,9 +15,10 @@
 
 namespace {
 
-// One file on the disk and every path that names it.
+// One file on the disk, every path that names it, and the open folder of the first.
 struct Inode {
     QList<QByteArray> paths;
+    std::shared_ptr<const OpenFolder> folder;
 };
 
 struct SizeResult {
@@ -40,7 +41,7 @@ public:
                 continue;
             }
             seen.insert(key, int(m_inodes.size()));
-            m_inodes.push_back(Inode{{f.path}});
+            m_inodes.push_back(Inode{{f.path}, f.folder});
         }
     }
 
@@ -55,13 +56,15 @@ public:
     }
 
 private:
-    // An open candidate: its file, and the chunk read last.
+    // An open candidate: its file, the whole of it when the first look read
+    // it whole, and the chunk read last.
     struct Open {
         Open(const Inode *inode, int fd) : inode(inode), fd(fd) {}
         Open(const Open &) = delete;
         const Inode *inode;
         int fd;
-        std::vector<char> chunk;
+        std::vector<char> whole;
+        char *chunk = nullptr;
         ~Open()
         {
             if (fd >= 0)
@@ -85,18 +88,19 @@ private:
     }
 
     // Large files are read far: the kernel is told to read ahead.
-    int openFile(const QByteArray &path) const
+    int openFile(const Inode &inode) const
     {
-        if (m_size >= qint64(FileHash::chunkSize))
-            return FileHash::openForReading(path);
-        return ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+        const int fd = OpenFolder::openFile(inode.folder.get(), inode.paths.first());
+        if (fd >= 0 && m_size >= qint64(FileHash::chunkSize))
+            posix_fadvise(fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+        return fd;
     }
 
     // Hard links only: the paths are one file, identical without a
     // comparison; its first block says whether it can be read.
     void linksAlone(const Inode &inode)
     {
-        const int fd = ::open(inode.paths.first().constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+        const int fd = openFile(inode);
         char block[IdenticalContent::blockSize];
         const size_t length = size_t(std::min(m_size, qint64(sizeof block)));
         const bool ok = fd >= 0 && FileHash::readFully(fd, block, length, 0);
@@ -124,7 +128,7 @@ private:
         for (const Inode &inode : m_inodes) {
             if (m_stopped())
                 return;
-            auto f = std::make_unique<Open>(&inode, openFile(inode.paths.first()));
+            auto f = std::make_unique<Open>(&inode, openFile(inode));
             const bool ok = f->fd >= 0 && FileHash::readFully(f->fd, buffer.data(), head, 0) &&
                             (!tail || FileHash::readFully(f->fd, buffer.data() + head,
                                                           size_t(block), m_size - block));
@@ -135,7 +139,7 @@ private:
             byBlocks.insert(XXH3_64bits(buffer.data(), buffer.size()), f.get());
             // A file read whole is not read again.
             if (qint64(head) == m_size)
-                f->chunk.assign(buffer.begin(), buffer.begin() + qsizetype(head));
+                f->whole.assign(buffer.begin(), buffer.begin() + qsizetype(head));
             files.push_back(std::move(f));
             // Past a few hundred candidates the descriptors are given back;
             // the comparison opens them again.
@@ -165,6 +169,7 @@ private:
     // So many candidates that holding them all open could exhaust the
     // descriptors: each is digested alone and the sets are taken by digest.
     static constexpr size_t maxOpenFiles = 256;
+    static constexpr size_t compareBudget = 64 << 20;
     void digestEach(const std::vector<Open *> &candidates)
     {
         QHash<QString, std::vector<Open *>> byDigest;
@@ -199,15 +204,30 @@ private:
         Set start;
         for (Open *f : candidates) {
             if (f->fd < 0)
-                f->fd = openFile(f->inode->paths.first());
+                f->fd = openFile(*f->inode);
             if (f->fd < 0)
                 unreadable(*f->inode);
             else
                 start.push_back(f);
         }
+        // One chunk a candidate side by side in a buffer kept by the thread:
+        // fresh memory for every file cost more in page faults than the reads.
+        // Many candidates read smaller chunks, so the buffer stays bounded.
+        const size_t chunk = std::max<size_t>(
+            size_t(IdenticalContent::blockSize),
+            std::min(FileHash::chunkSize, compareBudget / std::max<size_t>(start.size(), 1)) &
+                ~size_t(IdenticalContent::blockSize - 1));
+        thread_local std::unique_ptr<char[]> arena;
+        thread_local size_t arenaSize = 0;
+        const size_t needed = chunk * start.size();
+        if (arenaSize < needed) {
+            arena.reset(new char[needed]);
+            arenaSize = needed;
+        }
+        for (size_t i = 0; i < start.size(); ++i)
+            start[i]->chunk = arena.get() + i * chunk;
         std::vector<Set> sets;
         sets.push_back(std::move(start));
-        const size_t chunk = FileHash::chunkSize;
         for (qint64 offset = 0; offset < m_size && !sets.empty(); offset += qint64(chunk)) {
             if (m_stopped())
                 return;
@@ -216,14 +236,15 @@ private:
             for (Set &set : sets) {
                 std::vector<Set> parts;
                 for (Open *f : set) {
-                    const bool held = offset == 0 && f->chunk.size() == length;
-                    f->chunk.resize(length);
-                    if (!held && !FileHash::readFully(f->fd, f->chunk.data(), length, offset)) {
+                    const bool held = offset == 0 && f->whole.size() == length;
+                    if (held)
+                        f->chunk = f->whole.data();
+                    else if (!FileHash::readFully(f->fd, f->chunk, length, offset)) {
                         unreadable(*f->inode);
                         continue;
                     }
                     auto same = std::find_if(parts.begin(), parts.end(), [&](const Set &p) {
-                        return std::memcmp(p.front()->chunk.data(), f->chunk.data(), length) == 0;
+                        return std::memcmp(p.front()->chunk, f->chunk, length) == 0;
                     });
                     if (same != parts.end())
                         same->push_back(f);

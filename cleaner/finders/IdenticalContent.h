@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cleaner/finders/OpenFolder.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QList>
@@ -7,13 +9,16 @@
 #include <QSet>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <sys/types.h>
 
-// A regular file the walk kept: its raw path and what it is on the disk.
+// A regular file the walk kept: its raw path, what it is on the disk, and
+// its folder when the walk holds that open.
 struct WalkedFile {
     QByteArray path;
     dev_t device = 0;
     ino_t inode = 0;
+    std::shared_ptr<const OpenFolder> folder;
 };
 
 // Files by exact size; the sizes that more than one file has.
@@ -28,6 +33,7 @@ using MD5AndPath = QMultiHash<QString, QList<QByteArray>>;
 // Sorts the files of each size into sets of byte-identical files, reading as
 // little as that allows:
 // - paths to one (device, inode) are one file and read once;
+// - files are opened by name from their folder when the walk held it open;
 // - files are first told apart by a hash of their first and last blocks (of
 //   the whole file when that is smaller), and a file that matches nothing is
 //   never read further;

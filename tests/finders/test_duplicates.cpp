@@ -148,6 +148,28 @@ private slots:
         }
     }
 
+    // Files are opened by name from their folder, held open since the walk:
+    // the same names at every depth, and a folder's files listed both before
+    // and after its subfolders', must each be read from their own folder.
+    void sameNamesInNestedFolders()
+    {
+        TestEnvironment env;
+        TreeBuilder tree;
+        const QString r = tree.root();
+        QList<QStringList> expected;
+        for (int i = 0; i < 40; ++i) {
+            const QString n = QStringLiteral("x%1").arg(i);
+            for (const char *folder : {"p/", "p/q/r/", "p/s/"})
+                put(r, folder + QFile::encodeName(n), pattern(700 + i, 1));
+            for (const char *folder : {"p/q/", "p/t/"})
+                put(r, folder + QFile::encodeName(n), pattern(700 + i, 2));
+            expected << QStringList{"p/q/r/" + n, "p/s/" + n, "p/" + n}
+                     << QStringList{"p/q/" + n, "p/t/" + n};
+        }
+        std::sort(expected.begin(), expected.end());
+        QCOMPARE(groupsOf(scanFolder(r, 0), r), expected);
+    }
+
     void streamingBorderGivesTheSameDigest_data()
     {
         QTest::addColumn<qint64>("size");
