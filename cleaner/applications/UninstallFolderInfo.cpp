@@ -4,6 +4,7 @@
 #include "cleaner/applications/PackageFiles.h"
 #include "cleaner/scan/UninstallService.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <sys/stat.h>
@@ -29,6 +30,22 @@ template <typename Test> UninstallFolderInfo::PathSet matchChildren(const QStrin
             found.insert(e->path());
     }
     return found;
+}
+
+// Whether the path is one of the places searched, or holds one: an
+// application named like such a folder ("autostart", "Preferences") would
+// otherwise take every application's files that the folder holds.
+bool holdsPlaces(const QString &path)
+{
+    const QString folder = QDir::cleanPath(path);
+    const QStringList places =
+        ApplicationPlaces::libraryPaths() + ApplicationPlaces::applicationFolders();
+    for (const QString &place : places) {
+        const QString clean = QDir::cleanPath(place);
+        if (clean == folder || clean.startsWith(folder + QLatin1Char('/')))
+            return true;
+    }
+    return false;
 }
 
 Qt::CaseSensitivity nameCase()
@@ -142,7 +159,7 @@ UninstallFolderInfo::PathSet UninstallFolderInfo::matchAppInfoList(const QString
     if (!bundle->desktopEntry.isEmpty())
         found.insert(QFile::encodeName(bundle->desktopEntry));
     for (auto it = found.begin(); it != found.end();) {
-        if (packages.owns(QFile::decodeName(*it)))
+        if (packages.owns(QFile::decodeName(*it)) || holdsPlaces(QFile::decodeName(*it)))
             it = found.erase(it);
         else
             ++it;

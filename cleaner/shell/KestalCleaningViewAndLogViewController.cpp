@@ -15,6 +15,7 @@
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -91,6 +92,14 @@ std::optional<CleanTriple> outcomeOfPlan(const QList<cleanCategory> &plan, int c
         }
     }
     return found;
+}
+
+// Whether the run's plan takes something of the category.
+bool isPlanned(const QList<cleanCategory> &plan, int ci)
+{
+    return std::any_of(plan.begin(), plan.end(), [ci](const cleanCategory &category) {
+        return category.ci == ci && !category.folders.isEmpty();
+    });
 }
 
 bool hasChecked(const Category &category)
@@ -173,6 +182,10 @@ void KestalCleaningViewAndLogViewController::fillCleanning()
         ended ? KestalModuleCleanService::cleanInfoDict().value(m_moduleIndex)
               : QList<cleanCategory>();
     for (qsizetype ci = 0; ci < categories.size(); ++ci) {
+        if (m_takenOnly &&
+            !(ended ? isPlanned(plan, int(ci))
+                    : hasChecked(categories[ci]) || results.value(int(ci)).number > 0))
+            continue;
         auto *row = new QTreeWidgetItem(m_cleanning);
         row->setText(0, getLocalizedString(categories[ci].title));
         row->setFont(0, UIInfo::nsFont(QStringLiteral("cleaning_row_title_font")));

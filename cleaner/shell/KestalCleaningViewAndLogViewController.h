@@ -24,6 +24,10 @@ public:
     // A path as the log shows it: 36 characters or longer are cut in the middle.
     static QString cutPath(const QString &path);
 
+    // Lists only the categories the run takes (the applications being
+    // uninstalled, out of all that are installed); the others have no row.
+    void setListsTakenOnly(bool on) { m_takenOnly = on; }
+
     QTreeWidget *cleanningTableView() const { return m_cleanning; }
     QTreeWidget *logTableView() const { return m_log; }
     QLabel *titleLabel() const { return m_title; }
@@ -39,6 +43,7 @@ private:
 
     int m_moduleIndex;
     viewStatus m_status = viewStatus::cleanning;
+    bool m_takenOnly = false;
     QLabel *m_title;
     QStackedWidget *m_pages;
     QTreeWidget *m_cleanning;

@@ -3,6 +3,7 @@
 #include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/privacy/PrivacyService.h"
+#include "cleaner/scan/UninstallService.h"
 #include "cleaner/shell/KestalAutoCleanupBottomViewController.h"
 #include "cleaner/shell/KestalCleaningViewAndLogViewController.h"
 #include "cleaner/shell/KestalDetailViewController.h"
@@ -18,6 +19,7 @@
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 #include "cleaner/shell/KestalShredTopDetailViewController.h"
+#include "cleaner/shell/KestalUninstallerTopDetailRigthOutlineView.h"
 
 using TopChild = KestalSuperViewController::TopChild;
 
@@ -37,6 +39,7 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         } else {
             auto *scan = new KestalRightTopOverViewAndScanViewController(i, this);
             auto *log = new KestalCleaningViewAndLogViewController(i, this);
+            log->setListsTakenOnly(i == UninstallService::moduleIndex);
             m_overViews.insert(i, scan);
             m_cleanings.insert(i, log);
             overView = scan;
@@ -48,6 +51,9 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
             i == PrivacyService::moduleIndex
                 ? new KestalDetailViewController(i, this,
                                                  new KestalPrivacyTopDetailRigthOutlineView(i))
+            : i == UninstallService::moduleIndex
+                ? new KestalDetailViewController(i, this,
+                                                 new KestalUninstallerTopDetailRigthOutlineView())
             : i == ExtensionsFolderInfo::moduleIndex
                 ? new KestalExtensionsTopDetailViewController(this)
                 : KestalFinderDetailViewControllers::create(i, this);

@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>es blieb unverändert</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>Von dieser Anwendung ist nichts mehr übrig</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>Die Anwendung selbst</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Von der Anwendung zurückgelassen</translation>
+        </message>
     </context>
 </TS>

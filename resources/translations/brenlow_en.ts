@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>it was left as it was</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>Nothing of this application is left</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>The application itself</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Left behind by the application</translation>
+        </message>
     </context>
 </TS>

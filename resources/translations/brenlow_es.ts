@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>se dejó como estaba</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>No queda nada de esta aplicación</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>La aplicación en sí</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Dejado por la aplicación</translation>
+        </message>
     </context>
 </TS>

@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>il est resté tel quel</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>Il ne reste rien de cette application</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>L’application elle-même</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>Laissé par l’application</translation>
+        </message>
     </context>
 </TS>

@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>変更されませんでした</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>このアプリケーションは何も残っていません</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>アプリケーション本体</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>アプリケーションが残したもの</translation>
+        </message>
     </context>
 </TS>

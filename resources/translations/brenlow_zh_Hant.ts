@@ -1167,5 +1167,17 @@
             <source>it was left as it was</source>
             <translation>維持原狀</translation>
         </message>
+        <message>
+            <source>Nothing of this application is left</source>
+            <translation>此應用程式已無任何殘留</translation>
+        </message>
+        <message>
+            <source>The application itself</source>
+            <translation>應用程式本身</translation>
+        </message>
+        <message>
+            <source>Left behind by the application</source>
+            <translation>應用程式遺留的項目</translation>
+        </message>
     </context>
 </TS>

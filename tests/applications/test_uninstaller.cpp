@@ -161,6 +161,19 @@ private slots:
             << QStringList{"R/opt/Tool/run", "R/opt/Tool/broken.desktop=", "H/.config/Tool/",
                            "H/.config/broken/"}
             << "Tool" << QStringList{"H/.config/Tool"};
+        // A name of one of the places searched never takes that place, which
+        // holds every application's files; the same name elsewhere matches.
+        QTest::newRow("linux named like a searched folder")
+            << "linux"
+            << QStringList{"R/opt/autostart/run", "H/.config/autostart/chat.desktop=/usr/bin/chat",
+                           "H/.cache/autostart/", "H/.local/share/applications/x.desktop="}
+            << "autostart" << QStringList{"H/.cache/autostart"};
+        QTest::newRow("macos named like a searched folder")
+            << "macos"
+            << QStringList{"R/Applications/Preferences.app/Contents/",
+                           "H/Library/Preferences/com.acme.Other.plist",
+                           "H/Library/Application Support/Preferences/"}
+            << "Preferences.app" << QStringList{"H/Library/Application Support/Preferences"};
     }
 
     void matchesLeftovers()

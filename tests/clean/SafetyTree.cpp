@@ -1,48 +1,20 @@
 #include "SafetyTree.h"
 
 #include "cleaner/core/FileRemoval.h"
+#include "support/TreeBuilder.h"
 
 #include <QDir>
 #include <QFile>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace {
-
-bool setImmutable(const QByteArray &path, bool on);
-
-} // namespace
-
 bool SafetyArea::clearImmutable(const QByteArray &path)
 {
-    return setImmutable(path, false);
+    return TreeBuilder::setImmutable(path, false);
 }
-
-namespace {
-
-// Sets or clears the immutable flag of a file; false when the file system
-// or the process cannot.
-bool setImmutable(const QByteArray &path, bool on)
-{
-    const int fd = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    int flags = 0;
-    bool ok = ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
-    if (ok && bool(flags & FS_IMMUTABLE_FL) != on) {
-        flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
-        ok = ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
-    }
-    ::close(fd);
-    return ok;
-}
-
-} // namespace
 
 SafetyArea::SafetyArea(const QByteArray &parent)
 {
@@ -69,7 +41,7 @@ void SafetyArea::unlock(const QByteArray &path)
         return;
     if (!S_ISDIR(st.st_mode)) {
         if (geteuid() == 0)
-            setImmutable(path, false);
+            TreeBuilder::setImmutable(path, false);
         return;
     }
     ::chmod(path.constData(), 0755);
@@ -187,7 +159,7 @@ void SafetyTree::makeSomeImmutable()
             continue;
         // A file system without the flag answers EOPNOTSUPP or ENOTTY: no
         // immutable entries then.
-        if (setImmutable(target, true))
+        if (TreeBuilder::setImmutable(target, true))
             immutable.insert({st.st_dev, st.st_ino});
         else if (errno == EOPNOTSUPP || errno == ENOTTY)
             return;

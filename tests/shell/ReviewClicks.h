@@ -2,6 +2,8 @@
 
 // Clicks in the review's lists as a user does: on a row's tick box, found
 // where the view's own delegate looks for it.
+#include "cleaner/shell/KestalTopDetailRigthOutlineView.h"
+
 #include <QAbstractItemView>
 #include <QStyle>
 #include <QStyleOptionViewItem>
@@ -39,4 +41,16 @@ inline QStringList namesOf(QAbstractItemView *view)
     for (int row = 0; row < view->model()->rowCount(); ++row)
         names.append(view->model()->index(row, 0).data().toString());
     return names;
+}
+
+// The row of the review's right pane that shows this path.
+inline QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
+{
+    for (int row = 0; row < files->rowCount(); ++row) {
+        const QModelIndex index = files->index(row, 0);
+        if (const FolderInfoPtr file = files->fileAt(index);
+            file && file->url.toLocalFile() == path)
+            return index;
+    }
+    return {};
 }

@@ -69,18 +69,6 @@ void answerNextFolderDialog(const QString &folder)
     poll->start();
 }
 
-// The row of the right pane that shows this file.
-QModelIndex rowOfPath(KestalTopDetailRigthOutlineView *files, const QString &path)
-{
-    for (int row = 0; row < files->rowCount(); ++row) {
-        const QModelIndex index = files->index(row, 0);
-        if (const FolderInfoPtr file = files->fileAt(index);
-            file && file->url.toLocalFile() == path)
-            return index;
-    }
-    return {};
-}
-
 int categoryTitled(int module, const QString &title)
 {
     const QList<Category> &categories = AppModuleService::categoriesOf(module);

@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <pwd.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -133,4 +135,19 @@ void TreeBuilder::makeRemovable(const QString &root)
 void TreeBuilder::openToAll()
 {
     ::chmod(QFile::encodeName(m_root).constData(), 0755);
+}
+
+bool TreeBuilder::setImmutable(const QByteArray &path, bool on)
+{
+    const int fd = ::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    int flags = 0;
+    bool ok = ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
+    if (ok && bool(flags & FS_IMMUTABLE_FL) != on) {
+        flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
+        ok = ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
+    }
+    ::close(fd);
+    return ok;
 }

@@ -37,6 +37,9 @@ public:
     void openToAll();
     // Restores write and execute rights below the root so the tree can go.
     static void makeRemovable(const QString &root);
+    // Sets or clears the immutable flag of a file; false when the file system
+    // or the process cannot (only root may set it).
+    static bool setImmutable(const QByteArray &path, bool on);
     // The home of the user running this process, from the password database.
     static QString realHome();
 

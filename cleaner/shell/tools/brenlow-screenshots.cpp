@@ -5,15 +5,17 @@
 // --privacy, the privacy module's states over the browsers' stores in the
 // home (scripts/privacy-screenshots).
 // --applications, the extensions' result and review, and the offer made when
-// an application of ~/Applications is thrown into the Trash.
+// an application of ~/Applications is thrown into the Trash; --uninstaller,
+// the uninstaller's states from scan to log (scripts/applications-screenshots).
 //
-//   brenlow-screenshots [--module TITLE | --workflow | --privacy | --applications] OUTPUT_DIR
-//                       [LANGUAGE...]
+//   brenlow-screenshots [--module TITLE | --workflow | --privacy | --applications |
+//                        --uninstaller] OUTPUT_DIR [LANGUAGE...]
 #include "cleaner/applications/ApplicationPlaces.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/Platform.h"
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/privacy/PrivacyService.h"
+#include "cleaner/scan/UninstallService.h"
 #include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalDetailViewController.h"
 #include "cleaner/shell/KestalLeftTableViewController.h"
@@ -77,6 +79,17 @@ void tickBrowserRecords(KestalDetailViewController *review)
     const QModelIndex visits = group(QStringLiteral("Visit History"));
     review->rightOutlineView()->expand(visits);
     groups->setData(groups->index(0, 0, visits), Qt::Unchecked, Qt::CheckStateRole);
+}
+
+// The first application by name goes, but for its smallest item.
+void tickFirstApplication(KestalDetailViewController *review)
+{
+    review->categorySort(QStringLiteral("ascending"), QStringLiteral("name"));
+    QAbstractItemModel *apps = review->categoryModel();
+    apps->setData(apps->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+    review->leftCategoryTableView()->setCurrentIndex(apps->index(0, 0));
+    review->sort(QStringLiteral("descending"), QStringLiteral("size"));
+    untickLastFile(review);
 }
 
 class WorkflowShots {
@@ -198,11 +211,14 @@ int main(int argc, char *argv[])
     QString only;
     bool workflow = false;
     bool privacy = false;
+    bool uninstaller = false;
     bool applications = false;
     if (!args.isEmpty() && (args.first() == QLatin1String("--workflow") ||
-                            args.first() == QLatin1String("--privacy"))) {
+                            args.first() == QLatin1String("--privacy") ||
+                            args.first() == QLatin1String("--uninstaller"))) {
         workflow = args.first() == QLatin1String("--workflow");
-        privacy = !workflow;
+        uninstaller = args.first() == QLatin1String("--uninstaller");
+        privacy = !workflow && !uninstaller;
         args = args.mid(1);
     } else if (!args.isEmpty() && args.first() == QLatin1String("--applications")) {
         applications = true;
@@ -214,7 +230,7 @@ int main(int argc, char *argv[])
     if (args.isEmpty()) {
         QTextStream(stderr)
             << "usage: brenlow-screenshots [--module TITLE | --workflow | --privacy | "
-               "--applications] OUTPUT_DIR [LANGUAGE...]\n";
+               "--applications | --uninstaller] OUTPUT_DIR [LANGUAGE...]\n";
         return 1;
     }
     const QString out = args.first();
@@ -237,13 +253,18 @@ int main(int argc, char *argv[])
         WorkflowShots(window, root, out, languages.first(), suffix).applications();
         return 0;
     }
-    if (workflow || privacy) {
+    if (workflow || privacy || uninstaller) {
         // One language a run: a clean changes the tree the next one would see.
         if (QAction *item = delegate.languageItem(languages.first()))
             item->trigger();
         WorkflowShots shots(window, root, out, languages.first(), suffix);
         if (privacy) {
             shots.run(PrivacyService::moduleIndex, QStringLiteral("privacy"), tickBrowserRecords);
+            return 0;
+        }
+        if (uninstaller) {
+            shots.run(UninstallService::moduleIndex, QStringLiteral("uninstaller"),
+                      tickFirstApplication);
             return 0;
         }
         shots.run(1, QStringLiteral("system-junk"));
