@@ -99,8 +99,8 @@ archives="corpus.7z corpus.rar corpus-solid.rar"
 
 ms() { local s=$(date +%s%N); "$@" >/dev/null 2>&1; echo $(( ($(date +%s%N) - s) / 1000000 )); }
 median() { printf '%s\n' "$@" | sort -n | sed -n "$(( ($# + 1) / 2 ))p"; }
-check() { # the unpacked tree must be the corpus, byte for byte
-  diff -rq "$corpus/src" "$1" >/dev/null || { echo "$2 unpacked something else" >&2; exit 1; }
+wrong() { # how many files of the unpacked tree differ from the corpus
+  diff -rq "$corpus/src" "$1" 2>&1 | wc -l
 }
 # 7zz is Debian's 7-Zip without the rar codec; 7z is the same 7-Zip with
 # Debian's non-free rar module, so it stands for 7-Zip on the rar archives.
@@ -117,13 +117,17 @@ unpack() { # TOOL ARCHIVE OUT: the milliseconds it took
 }
 
 load_before=$(cut -d' ' -f1-3 /proc/loadavg)
-declare -A runs
+declare -A runs bad
 for round in 1 2 3; do
   for a in $archives; do
     for tool in $(tools_of "$a"); do
       out="$work/$tool"; rm -rf "$out"; mkdir -p "$out"
       t=$(unpack "$tool" "$corpus/$a" "$out")
-      [ "$round" = 1 ] && check "$out" "$tool on $a"
+      # A tool that unpacks something else is shown so, not timed against.
+      if [ "$round" = 1 ]; then
+        n=$(wrong "$out")
+        [ "$n" = 0 ] || { bad[$a.$tool]=$n; echo "$tool unpacked $n files of $a wrongly" >&2; }
+      fi
       runs[$a.$tool]="${runs[$a.$tool]:-} $t"
       rm -rf "$out"
     done
@@ -136,6 +140,7 @@ table() { # ARCHIVE TITLE: the Markdown table of its unpacking times
   declare -A med
   for tool in $(tools_of "$a"); do
     med[$tool]=$(median ${runs[$a.$tool]})
+    [ -z "${bad[$a.$tool]:-}" ] || continue
     if [ -z "$fastest" ] || [ "${med[$tool]}" -lt "$fastest" ]; then fastest=${med[$tool]}; fi
   done
   printf '| %s (%s MiB) | median ms | against the fastest |\n|---|---|---|\n' "$2" \
@@ -147,7 +152,11 @@ table() { # ARCHIVE TITLE: the Markdown table of its unpacking times
       bsdtar) name='`bsdtar -xf`' ;; rar) name='`rar x` (the packer itself)' ;;
     esac
     m=${med[$tool]}
-    printf '| %s | %s | %s |\n' "$name" "$m" "$(awk -v a="$m" -v b="$fastest" 'BEGIN{printf "%.2f", a/b}')"
+    if [ -n "${bad[$a.$tool]:-}" ]; then
+      printf '| %s | %s | failed: %s files differ |\n' "$name" "$m" "${bad[$a.$tool]}"
+    else
+      printf '| %s | %s | %s |\n' "$name" "$m" "$(awk -v a="$m" -v b="$fastest" 'BEGIN{printf "%.2f", a/b}')"
+    fi
   done
 }
 
@@ -171,7 +180,8 @@ binaries, a few large random files) packed once with \`7zz a -mx=1\` into a
 disk under /var/tmp, warm cache, median of three interleaved rounds, on
 $(nproc) cores ($(uname -sr)), load average $load_before before and
 $load_after after (a shared machine). Every tool's tree was checked against
-the corpus byte for byte. The goal is within 1.1 times the fastest.
+the corpus byte for byte; a tool whose tree differs is marked and left out
+of the fastest. The goal is within 1.1 times the fastest.
 
 EOF2
 table corpus.7z 'unpacking the 7z'
