@@ -259,11 +259,14 @@ QStringList ArchiveExtractor::volumesOf(const QString &archive)
     return volumes;
 }
 
-ArchiveExtractor::Listing ArchiveExtractor::inspect(const QString &archive)
+namespace {
+
+// The list of entries, or its first entry only.
+ArchiveExtractor::Listing readList(const QString &archive, bool firstOnly)
 {
     Utf8Locale utf8;
-    Listing listing;
-    Reader reader = openReader(volumesOf(archive));
+    ArchiveExtractor::Listing listing;
+    Reader reader = openReader(ArchiveExtractor::volumesOf(archive));
     if (!reader) {
         listing.error = QStringLiteral("the archive cannot be opened");
         return listing;
@@ -275,7 +278,11 @@ ArchiveExtractor::Listing ArchiveExtractor::inspect(const QString &archive)
         if (archive_entry_is_encrypted(entry))
             listing.encrypted = true;
         if (listing.refusal.isEmpty())
-            listing.refusal = entryRefusal(entry);
+            listing.refusal = ArchiveExtractor::entryRefusal(entry);
+        if (firstOnly) {
+            r = ARCHIVE_EOF;
+            break;
+        }
         archive_read_data_skip(reader.get());
     }
     listing.readable = r == ARCHIVE_EOF;
@@ -284,6 +291,59 @@ ArchiveExtractor::Listing ArchiveExtractor::inspect(const QString &archive)
         listing.encrypted = listing.encrypted || speaksOfEncryption(listing.error);
     }
     return listing;
+}
+
+// A rar 5 number: seven bits a byte, the high bit says that more follow.
+bool readVint(const QByteArray &bytes, qsizetype &at, quint64 &value)
+{
+    value = 0;
+    for (int shift = 0; at < bytes.size() && shift < 64; shift += 7) {
+        const auto byte = quint8(bytes[at++]);
+        value |= quint64(byte & 0x7f) << shift;
+        if (!(byte & 0x80))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ArchiveExtractor::Listing ArchiveExtractor::inspect(const QString &archive)
+{
+    return readList(archive, false);
+}
+
+bool ArchiveExtractor::needsPassword(const QString &archive)
+{
+    return readList(archive, isSolidRar(volumesOf(archive).first())).encrypted;
+}
+
+bool ArchiveExtractor::isSolidRar(const QString &archive)
+{
+    QFile file(archive);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = file.read(64);
+    static const QByteArray rar4("Rar!\x1a\x07\x00", 7);
+    static const QByteArray rar5("Rar!\x1a\x07\x01\x00", 8);
+    if (head.startsWith(rar4)) {
+        // The main header follows the mark: crc (2), type 0x73, flags (2).
+        return head.size() >= 12 && quint8(head[9]) == 0x73 && (quint8(head[10]) & 0x08);
+    }
+    if (!head.startsWith(rar5))
+        return false;
+    // crc (4), then size, type, flags, the optional extra and data sizes,
+    // and for the main header (type 1) the archive's flags: 4 is solid.
+    qsizetype at = 12;
+    quint64 size, type, flags, skipped, archiveFlags;
+    if (!readVint(head, at, size) || !readVint(head, at, type) || type != 1 ||
+        !readVint(head, at, flags))
+        return false;
+    if ((flags & 0x1) && !readVint(head, at, skipped))
+        return false;
+    if ((flags & 0x2) && !readVint(head, at, skipped))
+        return false;
+    return readVint(head, at, archiveFlags) && (archiveFlags & 0x4);
 }
 
 ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, const QString &target,

@@ -40,6 +40,13 @@ public:
         QString error;
     };
     static Listing inspect(const QString &archive);
+    // Whether unpacking needs a password. In a solid rar, reading past an
+    // entry means unpacking it, so there the first entry speaks for the
+    // archive (an encrypted entry further on stops the extraction itself);
+    // elsewhere the whole list is read.
+    static bool needsPassword(const QString &archive);
+    // Whether the archive is a solid rar (4 or 5), from its main header.
+    static bool isSolidRar(const QString &archive);
 
     static Outcome extract(const QString &archive, const QString &target, const Progress &progress);
 

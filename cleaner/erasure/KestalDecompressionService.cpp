@@ -19,7 +19,7 @@ bool KestalDecompressionService::isRar(const QString &path)
 
 bool KestalDecompressionService::isPasswordProtected(const QString &path)
 {
-    return ArchiveExtractor::inspect(path).encrypted;
+    return ArchiveExtractor::needsPassword(path);
 }
 
 QString KestalDecompressionService::targetFolder(const QString &archivePath)
@@ -44,7 +44,7 @@ KestalDecompressionService::extract(const QString &archive, const QString &extra
     if (!QFileInfo(extraPath).isDir() && !QDir().mkdir(extraPath))
         return {Result::Failed, QStringLiteral("cannot make the folder %1").arg(extraPath), 0};
     ArchiveExtractor::Outcome outcome;
-    if (!ArchiveExtractor::inspect(archive).encrypted)
+    if (!isPasswordProtected(archive))
         outcome = ArchiveExtractor::extract(archive, extraPath, progress);
     else
         outcome = {Result::NeedsPassword, QStringLiteral("encrypted entries"), 0};

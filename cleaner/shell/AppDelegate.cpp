@@ -11,6 +11,7 @@
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/finders/FinderScans.h"
 #include "cleaner/privacy/PrivacyService.h"
+#include "cleaner/shell/DeconpressViewController.h"
 #include "cleaner/shell/EventMonitor.h"
 #include "cleaner/shell/FabricController.h"
 #include "cleaner/shell/ImageStore.h"
@@ -124,6 +125,11 @@ void AppDelegate::applicationDidFinishLaunching()
     else
         showMainWindow = true;
     copySystemFonts();
+}
+
+void AppDelegate::openFiles(const QStringList &paths)
+{
+    DeconpressViewController::openFiles(paths);
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)

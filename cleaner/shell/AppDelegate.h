@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <QUrl>
 #include <memory>
 
@@ -28,6 +29,9 @@ public:
     ~AppDelegate() override;
 
     void applicationDidFinishLaunching();
+    // Archives handed to the program (its command line, a file manager's
+    // "Open with", a second launch): the decompression window unpacks the last.
+    void openFiles(const QStringList &paths);
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
     void checkFirstTimeLaunch();
     // Sets the language and gives every menu entry its text in it.

@@ -1,5 +1,4 @@
 #include "cleaner/shell/AppDelegate.h"
-#include "cleaner/shell/DeconpressViewController.h"
 #include "cleaner/shell/OpenFilesChannel.h"
 
 #include <QApplication>
@@ -19,9 +18,9 @@ int main(int argc, char *argv[])
     if (!archives.isEmpty() && OpenFilesChannel::handOff(archives))
         return 0; // the running program opens them
     AppDelegate delegate;
-    OpenFilesChannel channel(&DeconpressViewController::openFiles);
+    OpenFilesChannel channel([&delegate](const QStringList &paths) { delegate.openFiles(paths); });
     delegate.applicationDidFinishLaunching();
     if (!archives.isEmpty())
-        DeconpressViewController::openFiles(archives);
+        delegate.openFiles(archives);
     return application.exec();
 }

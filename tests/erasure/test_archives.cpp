@@ -192,6 +192,7 @@ private slots:
             QVERIFY(outcome.entries > 0);
         QCOMPARE(KestalDecompressionService::isPasswordProtected(path),
                  result == Result::NeedsPassword);
+        QCOMPARE(ArchiveExtractor::isSolidRar(path), archive.contains(QLatin1String("solid")));
         QCOMPARE(treeOf(out.root()).filter(QRegularExpression("^[^x]")), QStringList());
     }
 

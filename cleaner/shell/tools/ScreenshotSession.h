@@ -1,8 +1,9 @@
 #pragma once
 
 // What the screenshot tools share: a launched program with its main window
-// at the pictures' size, no page opening meanwhile, and the event loop run
-// until a module's state or a question comes.
+// at the pictures' size, no page opening meanwhile, the event loop run until
+// a module's state or a question comes or until first draws settle, and the
+// picture itself.
 #include "cleaner/core/UserDefaults.h"
 #include "cleaner/shell/AppDelegate.h"
 #include "cleaner/shell/KestalSuperViewController.h"
@@ -38,6 +39,22 @@ inline void settle()
 {
     for (int i = 0; i < 5; ++i)
         QApplication::processEvents();
+}
+
+// Longer: lets layouts, timers' first draws and the window manager settle.
+inline void settleFor(int ms = 600)
+{
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < ms)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
+// The widget as a PNG (smallest files), its name on standard output.
+inline void save(QWidget *widget, const QString &name)
+{
+    widget->grab().save(name, "PNG", 0);
+    QTextStream(stdout) << name << '\n';
 }
 
 // Runs the event loop until the test holds, for a minute at most.

@@ -11,20 +11,16 @@
 #include "cleaner/shell/KestalRightTabSwitchControllers.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "cleaner/shell/KestalShredTopDetailViewController.h"
-#include "cleaner/shell/tools/ScreenshotWindow.h"
+#include "cleaner/shell/tools/ScreenshotSession.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QTextStream>
 #include <QTimer>
-
-using ScreenshotWindow::save;
-using ScreenshotWindow::settleFor;
 
 int main(int argc, char *argv[])
 {
@@ -37,8 +33,8 @@ int main(int argc, char *argv[])
     const QString out = QString::fromLocal8Bit(argv[1]);
     const QDir files(QString::fromLocal8Bit(argv[2]));
     QDir().mkpath(out);
-    AppDelegate delegate;
-    QMainWindow *window = ScreenshotWindow::open(delegate);
+    ScreenshotSession session;
+    QMainWindow *window = session.window;
     auto *root = KestalRootViewController::rootOf(window);
     root->leftTable()->selectModule(ShredService::moduleIndex);
     root->rightSplit()->showModule(ShredService::moduleIndex);
@@ -64,11 +60,8 @@ int main(int argc, char *argv[])
     auto *bar = qobject_cast<KestalEraserBottomController *>(
         root->rightSplit()->bottomSwitch()->currentWidget());
     bar->detailViewCleanAction();
-    QElapsedTimer waited;
-    waited.start();
-    while (bar->status() != KestalSuperViewController::viewStatus::cleandone &&
-           waited.elapsed() < 60000)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    waitUntil([bar] { return bar->status() == KestalSuperViewController::viewStatus::cleandone; },
+              QStringLiteral("the shred"));
     settleFor();
     save(window, out + QStringLiteral("/en-eraser-clean-done.png"));
     bar->cleandoneViewShowLogAction();

@@ -123,8 +123,7 @@ public:
         if (!now)
             settle();
         const QString name = QStringLiteral("%1/%2-%3.png").arg(m_out, m_language, stem);
-        (widget ? widget : m_window)->grab().save(name, "PNG", 0);
-        QTextStream(stdout) << name << '\n';
+        save(widget ? widget : m_window, name);
     }
 
     // Overview, scan, result, the review of one kind with a copy ticked,

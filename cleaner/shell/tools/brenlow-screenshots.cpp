@@ -108,8 +108,7 @@ public:
             settle();
         const QString name =
             QStringLiteral("%1/%2-%3%4.png").arg(m_out, m_language, stem, m_suffix);
-        (widget ? widget : m_window)->grab().save(name, "PNG", 0);
-        QTextStream(stdout) << name << '\n';
+        save(widget ? widget : m_window, name);
     }
 
     // Scanning, result, a review with the selection that `select` makes,

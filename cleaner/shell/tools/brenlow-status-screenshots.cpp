@@ -5,25 +5,6 @@
 
 #include <QDir>
 
-namespace {
-
-// Lets layouts, timers' first draws and the window manager settle.
-void settleLonger()
-{
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < 600)
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
-}
-
-void save(QWidget *widget, const QString &name)
-{
-    widget->grab().save(name, "PNG", 0);
-    QTextStream(stdout) << name << '\n';
-}
-
-} // namespace
-
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
@@ -36,12 +17,12 @@ int main(int argc, char *argv[])
     QDir().mkpath(out);
     ScreenshotSession session;
     QMainWindow *window = session.window;
-    settleLonger();
+    settleFor();
     save(window, out + QStringLiteral("/en-auto-cleanup-dashboard.png"));
 
     KestalStatusViewController panel;
     panel.showBeside(QRect(900, 0, 22, 22));
-    settleLonger();
+    settleFor();
     save(&panel, out + QStringLiteral("/en-status-panel.png"));
     return 0;
 }
