@@ -6,15 +6,21 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringDecoder>
+#include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
+#include <atomic>
 #include <cerrno>
 #include <clocale>
 #include <cstring>
 #include <fcntl.h>
 #include <locale.h>
 #include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
 #include <sys/stat.h>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -346,11 +352,207 @@ bool ArchiveExtractor::isSolidRar(const QString &archive)
     return readVint(head, at, archiveFlags) && (archiveFlags & 0x4);
 }
 
+namespace {
+
+using Outcome = ArchiveExtractor::Outcome;
+using Result = ArchiveExtractor::Result;
+
+// Why a header could not be read.
+Outcome headerFailure(archive *a, int entries)
+{
+    const QString error = errorOf(a);
+    return {speaksOfEncryption(error) ? Result::NeedsPassword : Result::Damaged, error, entries};
+}
+
+// What became of one entry: written, skipped for safety (with the reason),
+// or an outcome that ends the extraction.
+struct EntryFate {
+    bool written = false;
+    QString refused;
+    std::optional<Outcome> end;
+};
+
+EntryFate unpackEntry(archive *a, archive_entry *entry, const Writer &writer)
+{
+    EntryFate fate;
+    const QByteArray name = archive_entry_pathname(entry);
+    const QString why = ArchiveExtractor::entryRefusal(entry);
+    if (why.isEmpty() && archive_entry_is_data_encrypted(entry)) {
+        fate.end = Outcome{Result::NeedsPassword, QStringLiteral("encrypted entries"), 0};
+        return fate;
+    }
+    if (!why.isEmpty()) {
+        fate.refused = QString::fromUtf8(name.toPercentEncoding("/ ")) + QStringLiteral(": ") + why;
+        archive_read_data_skip(a);
+        return fate;
+    }
+    const int error = writer.write(a, entry, stepsOf(name));
+    if (error == ELOOP || error == ENOTDIR || error == EEXIST) {
+        // A step of its path is a link or a file: the entry would land
+        // elsewhere than its name says.
+        fate.refused = QString::fromUtf8(name) + QStringLiteral(": its folder is a link or a file");
+    } else if (error == ENOSPC || error == EDQUOT) {
+        fate.end = Outcome{Result::NoSpace, QString::fromLocal8Bit(std::strerror(error)), 0};
+    } else if (error < 0) {
+        fate.end = headerFailure(a, 0);
+    } else if (error > 0) {
+        fate.end = Outcome{Result::Failed,
+                           QString::fromUtf8(name) + QStringLiteral(": ") +
+                               QString::fromLocal8Bit(std::strerror(error)),
+                           0};
+    } else {
+        fate.written = true;
+    }
+    return fate;
+}
+
+// The number of entries when a rar can be unpacked by several readers at
+// once, else 0: one volume, not solid (skipping an entry is then a seek), at
+// least two files, and nothing whose result could depend on the order the
+// entries are written in: no link, device, encrypted or refused entry, no
+// name given twice, no file where another entry needs a folder.
+int parallelEntries(const QStringList &volumes)
+{
+    if (volumes.size() != 1 || ArchiveExtractor::isSolidRar(volumes.first()))
+        return 0;
+    Reader reader = openReader(volumes);
+    if (!reader)
+        return 0;
+    std::set<QByteArray> files, folders;
+    int entries = 0, regular = 0;
+    archive_entry *entry;
+    int r;
+    while ((r = archive_read_next_header(reader.get(), &entry)) == ARCHIVE_OK) {
+        const int format = archive_format(reader.get()) & ARCHIVE_FORMAT_BASE_MASK;
+        if (format != ARCHIVE_FORMAT_RAR && format != ARCHIVE_FORMAT_RAR_V5)
+            return 0;
+        const int type = archive_entry_filetype(entry);
+        if (archive_entry_is_encrypted(entry) || archive_entry_hardlink(entry) ||
+            (type != 0 && type != AE_IFREG && type != AE_IFDIR) ||
+            !ArchiveExtractor::entryRefusal(entry).isEmpty())
+            return 0;
+        const QList<QByteArray> steps = stepsOf(archive_entry_pathname(entry));
+        QByteArray path;
+        for (qsizetype i = 0; i < steps.size(); ++i) {
+            path += (i ? "/" : "") + steps[i];
+            if (i + 1 < steps.size() || type == AE_IFDIR)
+                folders.insert(path);
+        }
+        if (type != AE_IFDIR) {
+            if (!files.insert(path).second)
+                return 0;
+            ++regular;
+        }
+        ++entries;
+        if (archive_read_data_skip(reader.get()) != ARCHIVE_OK)
+            return 0;
+    }
+    if (r != ARCHIVE_EOF || regular < 2)
+        return 0;
+    for (const QByteArray &file : files) {
+        if (folders.count(file))
+            return 0;
+    }
+    return entries;
+}
+
+// Several readers over the same archive, each taking the next entry no one
+// has taken and skipping to it; the first failure stops them all.
+class ParallelUnpack {
+public:
+    ParallelUnpack(const QStringList &volumes, int entries, qint64 total, const Writer &writer,
+                   const ArchiveExtractor::Progress &progress)
+        : m_volumes(volumes), m_entries(entries), m_total(total), m_writer(writer),
+          m_progress(progress)
+    {}
+
+    Outcome run(int workers)
+    {
+        std::vector<std::thread> threads;
+        for (int i = 0; i < workers; ++i)
+            threads.emplace_back([this] { work(); });
+        for (std::thread &t : threads)
+            t.join();
+        Outcome outcome =
+            m_end.value_or(m_refused.isEmpty() ? Outcome{Result::Done, QString(), 0}
+                                               : Outcome{Result::Unsafe, m_refused, 0});
+        outcome.entries = m_written;
+        return outcome;
+    }
+
+private:
+    void work()
+    {
+        Utf8Locale utf8;
+        Reader reader = openReader(m_volumes);
+        if (!reader)
+            return finish(
+                Outcome{Result::Failed, QStringLiteral("the archive cannot be opened"), 0});
+        archive_entry *entry = nullptr;
+        int at = -1; // the entry whose header was read last
+        for (int next = m_next++; next < m_entries && !m_stop; next = m_next++) {
+            while (at < next) {
+                if (at >= 0 && entry)
+                    archive_read_data_skip(reader.get());
+                entry = nullptr;
+                const int r = archive_read_next_header(reader.get(), &entry);
+                if (r == ARCHIVE_EOF)
+                    return finish(Outcome{Result::Damaged, errorOf(nullptr), 0});
+                if (r < ARCHIVE_WARN)
+                    return finish(headerFailure(reader.get(), 0));
+                ++at;
+            }
+            const qint64 before = archive_filter_bytes(reader.get(), -1);
+            EntryFate fate = unpackEntry(reader.get(), entry, m_writer);
+            entry = nullptr; // its data is read or skipped
+            if (fate.end)
+                return finish(*fate.end);
+            std::lock_guard lock(m_mutex);
+            if (m_refused.isEmpty())
+                m_refused = fate.refused;
+            if (!fate.written)
+                continue;
+            ++m_written;
+            // The compressed bytes of the entries written, whichever reader
+            // wrote them (what a reader skips is not counted).
+            m_read += archive_filter_bytes(reader.get(), -1) - before;
+            if (m_progress && m_total > 0 &&
+                !m_progress(std::min(1.0, double(m_read) / double(m_total)))) {
+                if (!m_end)
+                    m_end = Outcome{Result::Failed, QStringLiteral("stopped"), 0};
+                m_stop = true;
+            }
+        }
+    }
+
+    void finish(const Outcome &outcome)
+    {
+        std::lock_guard lock(m_mutex);
+        if (!m_end)
+            m_end = outcome;
+        m_stop = true;
+    }
+
+    const QStringList &m_volumes;
+    const int m_entries;
+    const qint64 m_total;
+    const Writer &m_writer;
+    const ArchiveExtractor::Progress &m_progress;
+    std::atomic<int> m_next{0};
+    std::atomic<bool> m_stop{false};
+    std::mutex m_mutex; // guards what follows
+    std::optional<Outcome> m_end;
+    QString m_refused;
+    int m_written = 0;
+    qint64 m_read = 0;
+};
+
+} // namespace
+
 ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, const QString &target,
-                                                    const Progress &progress)
+                                                    const Progress &progress, int workers)
 {
     Utf8Locale utf8;
-    Outcome outcome;
     const QStringList volumes = volumesOf(archive);
     qint64 total = 0;
     for (const QString &v : volumes)
@@ -364,50 +566,31 @@ ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, cons
         return {Result::Failed, QString::fromLocal8Bit(std::strerror(errno)), 0};
     const Writer writer(root.get());
 
+    if (workers <= 0)
+        workers = int(std::clamp(std::thread::hardware_concurrency(), 1u, 2u));
+    if (workers > 1) {
+        if (const int entries = parallelEntries(volumes))
+            return ParallelUnpack(volumes, entries, total, writer, progress).run(workers);
+    }
+
+    Outcome outcome;
     QString refused; // the first entry skipped for safety
     archive_entry *entry;
     for (;;) {
         const int r = archive_read_next_header(reader.get(), &entry);
         if (r == ARCHIVE_EOF)
             break;
-        if (r < ARCHIVE_WARN) {
-            const QString error = errorOf(reader.get());
-            const Result why = speaksOfEncryption(error) ? Result::NeedsPassword : Result::Damaged;
-            return {why, error, outcome.entries};
+        if (r < ARCHIVE_WARN)
+            return headerFailure(reader.get(), outcome.entries);
+        EntryFate fate = unpackEntry(reader.get(), entry, writer);
+        if (fate.end) {
+            fate.end->entries = outcome.entries;
+            return *fate.end;
         }
-        const QByteArray name = archive_entry_pathname(entry);
-        QString why = entryRefusal(entry);
-        if (why.isEmpty() && archive_entry_is_data_encrypted(entry))
-            return {Result::NeedsPassword, QStringLiteral("encrypted entries"), outcome.entries};
-        if (!why.isEmpty()) {
-            if (refused.isEmpty())
-                refused =
-                    QString::fromUtf8(name.toPercentEncoding("/ ")) + QStringLiteral(": ") + why;
-            archive_read_data_skip(reader.get());
+        if (refused.isEmpty())
+            refused = fate.refused;
+        if (!fate.written)
             continue;
-        }
-        const int error = writer.write(reader.get(), entry, stepsOf(name));
-        if (error == ELOOP || error == ENOTDIR || error == EEXIST) {
-            // A step of its path is a link or a file: the entry would land
-            // elsewhere than its name says.
-            if (refused.isEmpty())
-                refused =
-                    QString::fromUtf8(name) + QStringLiteral(": its folder is a link or a file");
-            continue;
-        }
-        if (error == ENOSPC || error == EDQUOT)
-            return {Result::NoSpace, QString::fromLocal8Bit(std::strerror(error)), outcome.entries};
-        if (error < 0) {
-            const QString text = errorOf(reader.get());
-            return {speaksOfEncryption(text) ? Result::NeedsPassword : Result::Damaged, text,
-                    outcome.entries};
-        }
-        if (error > 0) {
-            return {Result::Failed,
-                    QString::fromUtf8(name) + QStringLiteral(": ") +
-                        QString::fromLocal8Bit(std::strerror(error)),
-                    outcome.entries};
-        }
         ++outcome.entries;
         const double read = double(archive_filter_bytes(reader.get(), -1));
         if (progress && total > 0 && !progress(std::min(1.0, read / double(total))))

@@ -48,7 +48,11 @@ public:
     // Whether the archive is a solid rar (4 or 5), from its main header.
     static bool isSolidRar(const QString &archive);
 
-    static Outcome extract(const QString &archive, const QString &target, const Progress &progress);
+    // A rar that is not solid, in one volume, with plain files and folders
+    // only, is unpacked by up to `workers` readers at once (0: one per core,
+    // at most two); anything else by one reader, entry after entry.
+    static Outcome extract(const QString &archive, const QString &target, const Progress &progress,
+                           int workers = 0);
 
     // The volumes to read for an archive: for "x.part2.rar" or "x.part1.rar",
     // every "x.partN.rar" there is from the first; for "x.rar", its ".r00",
