@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Unpacking beside 7-Zip, unar and bsdtar, and shredding beside GNU shred, on
 # one seeded corpus of mixed files packed as 7z, rar and solid rar (made once,
-# then reused), warm cache, median of three interleaved rounds; prints the
+# then reused), warm cache, median of five interleaved rounds; prints the
 # Markdown section on standard output.
 #   bash bench/archives.sh BUILD_DIR      (BENCH_ARCHIVE_MB sets the corpus size, 1024)
 set -euo pipefail
@@ -118,10 +118,17 @@ unpack() { # TOOL ARCHIVE OUT: the milliseconds it took
 
 load_before=$(cut -d' ' -f1-3 /proc/loadavg)
 declare -A runs bad
-for round in 1 2 3; do
+rounds=${BENCH_ROUNDS:-5}
+rotated() { # LIST N: the list turned N places, so no tool always follows the same one
+  local -a l=($1); local n=$(( $2 % ${#l[@]} ))
+  echo "${l[@]:n}" "${l[@]:0:n}"
+}
+for round in $(seq 1 "$rounds"); do
   for a in $archives; do
-    for tool in $(tools_of "$a"); do
+    for tool in $(rotated "$(tools_of "$a")" "$round"); do
       out="$work/$tool"; rm -rf "$out"; mkdir -p "$out"
+      # Each tool starts with nothing of the last one's still being written back.
+      sync
       t=$(unpack "$tool" "$corpus/$a" "$out")
       # A tool that unpacks something else is shown so, not timed against.
       if [ "$round" = 1 ]; then
@@ -177,7 +184,8 @@ A seeded corpus of $files mixed files, $(( bytes >> 20 )) MiB (text, half-random
 binaries, a few large random files) packed once with \`7zz a -mx=1\` into a
 7z archive, and with rar 7.01 into two RAR5 archives with its fastest method,
 \`rar a -ma5 -m1\`, file by file and solid (\`-s\`). Each is unpacked on the
-disk under /var/tmp, warm cache, median of three interleaved rounds, on
+disk under /var/tmp, warm cache, median of $rounds interleaved rounds (the
+tools' order turned each round, the disk synced before each run), on
 $(nproc) cores ($(uname -sr)), load average $load_before before and
 $load_after after (a shared machine). Every tool's tree was checked against
 the corpus byte for byte; a tool whose tree differs is marked and left out

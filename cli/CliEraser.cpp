@@ -173,16 +173,22 @@ int CliEraser::extract(const QByteArrayList &args)
         if (!ok)
             return CliCommands::usage(
                 QStringLiteral("cannot read %1").arg(TerminalText::escaped(passwordFile)));
-    } else if (KestalDecompressionService::isPasswordProtected(archive)) {
-        password = askPassword();
     }
-    ProgressBar bar;
-    const auto outcome = KestalDecompressionService::extract(
-        archive, target, password, [&bar, &archive](double fraction) {
-            bar.update(fraction, qint64(fraction * double(QFileInfo(archive).size())), archive);
-            return true;
-        });
-    bar.finish();
+    const auto unpack = [&archive, &target](const QString &withPassword) {
+        ProgressBar bar;
+        const auto outcome = KestalDecompressionService::extract(
+            archive, target, withPassword, [&bar, &archive](double fraction) {
+                bar.update(fraction, qint64(fraction * double(QFileInfo(archive).size())), archive);
+                return true;
+            });
+        bar.finish();
+        return outcome;
+    };
+    // The extraction asks whether the archive is encrypted before it writes anything, so the
+    // password is asked for only after that one check says so.
+    auto outcome = unpack(password);
+    if (outcome.result == ArchiveExtractor::Result::NeedsPassword && passwordFile.isEmpty())
+        outcome = unpack(askPassword());
     const QString line = KestalDecompressionService::describe(outcome);
     if (outcome.result != ArchiveExtractor::Result::Done) {
         const QString failed = getLocalizedString(KestalDecompressionService::isRar(archive)

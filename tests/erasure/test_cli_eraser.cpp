@@ -48,6 +48,9 @@ private slots:
         QTest::newRow("extract an encrypted 7z, password file")
             << QByteArrayList{"extract", "@/enc.7z", "--password-file", "@/pw"} << QByteArray() << 0
             << QByteArray("unpacked") << QStringList() << QStringList{"enc/b.txt"};
+        QTest::newRow("extract an encrypted 7z, password typed")
+            << QByteArrayList{"extract", "@/enc.7z"} << QByteArray("two words\n") << 0
+            << QByteArray("unpacked") << QStringList() << QStringList{"enc/b.txt"};
         QTest::newRow("extract a text file")
             << QByteArrayList{"extract", "@/a.txt"} << QByteArray() << 1
             << QByteArray("neither a 7z nor a rar") << QStringList() << QStringList();
