@@ -1,6 +1,7 @@
 #include "cleaner/erasure/ArchiveExtractor.h"
 
 #include "cleaner/core/Descriptor.h"
+#include "cleaner/erasure/WriteBehind.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -93,10 +94,11 @@ QList<QByteArray> stepsOf(const QByteArray &name)
     return steps;
 }
 
-// Writes entries below one folder, reached only through its descriptor.
+// Writes entries below one folder, reached only through its descriptor;
+// with a write-behind, file data is written on its thread.
 class Writer {
 public:
-    explicit Writer(int root) : m_root(root) {}
+    explicit Writer(int root, WriteBehind *behind = nullptr) : m_root(root), m_behind(behind) {}
 
     // The folder that holds the entry, created as needed (or only found);
     // -1 with errno set when a step is no folder or is a link.
@@ -150,12 +152,23 @@ public:
         const void *block;
         size_t size;
         la_int64_t offset;
+        const qint64 length = archive_entry_size_is_set(entry) ? archive_entry_size(entry) : -1;
+        std::optional<timespec> modified;
+        if (archive_entry_mtime_is_set(entry))
+            modified = timespec{archive_entry_mtime(entry), archive_entry_mtime_nsec(entry)};
+        if (m_behind)
+            m_behind->open(file.release(), steps.join('/'));
         for (;;) {
             const int r = archive_read_data_block(a, &block, &size, &offset);
             if (r == ARCHIVE_EOF)
                 break;
             if (r < ARCHIVE_WARN)
                 return -1; // the archive's own error
+            if (m_behind) {
+                if (!m_behind->append(block, size, offset))
+                    return 0; // the write-behind's failure ends the extraction
+                continue;
+            }
             for (size_t done = 0; done < size;) {
                 const ssize_t n = ::pwrite(file.get(), static_cast<const char *>(block) + done,
                                            size - done, offset + la_int64_t(done));
@@ -166,12 +179,14 @@ public:
                 done += size_t(n);
             }
         }
-        if (archive_entry_size_is_set(entry))
-            (void)::ftruncate(file.get(), archive_entry_size(entry));
-        if (archive_entry_mtime_is_set(entry)) {
-            const struct timespec times[2] = {
-                {archive_entry_mtime(entry), archive_entry_mtime_nsec(entry)},
-                {archive_entry_mtime(entry), archive_entry_mtime_nsec(entry)}};
+        if (m_behind) {
+            m_behind->close(length, modified);
+            return 0;
+        }
+        if (length >= 0)
+            (void)::ftruncate(file.get(), length);
+        if (modified) {
+            const timespec times[2] = {*modified, *modified};
             ::futimens(file.get(), times);
         }
         return 0;
@@ -179,6 +194,7 @@ public:
 
 private:
     int m_root;
+    WriteBehind *m_behind;
 };
 
 } // namespace
@@ -564,14 +580,30 @@ ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, cons
                            O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (root.get() < 0)
         return {Result::Failed, QString::fromLocal8Bit(std::strerror(errno)), 0};
-    const Writer writer(root.get());
-
     if (workers <= 0)
         workers = int(std::clamp(std::thread::hardware_concurrency(), 1u, 2u));
     if (workers > 1) {
-        if (const int entries = parallelEntries(volumes))
+        if (const int entries = parallelEntries(volumes)) {
+            const Writer writer(root.get());
             return ParallelUnpack(volumes, entries, total, writer, progress).run(workers);
+        }
     }
+    // One reader: with a second core, writing goes on beside the decompression.
+    std::optional<WriteBehind> behind;
+    if (workers > 1)
+        behind.emplace();
+    const Writer writer(root.get(), behind ? &*behind : nullptr);
+    // The first write that failed, once every queued write is done.
+    const auto writeFailure = [&behind](int entries) -> std::optional<Outcome> {
+        const WriteBehind::Failure f = behind ? behind->finish() : WriteBehind::Failure{};
+        if (!f.error)
+            return std::nullopt;
+        const QString why = QString::fromLocal8Bit(std::strerror(f.error));
+        if (f.error == ENOSPC || f.error == EDQUOT)
+            return Outcome{Result::NoSpace, why, entries};
+        return Outcome{Result::Failed, QString::fromUtf8(f.name) + QStringLiteral(": ") + why,
+                       entries};
+    };
 
     Outcome outcome;
     QString refused; // the first entry skipped for safety
@@ -592,10 +624,14 @@ ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, cons
         if (!fate.written)
             continue;
         ++outcome.entries;
+        if (behind && behind->failed())
+            return *writeFailure(outcome.entries);
         const double read = double(archive_filter_bytes(reader.get(), -1));
         if (progress && total > 0 && !progress(std::min(1.0, read / double(total))))
             return {Result::Failed, QStringLiteral("stopped"), outcome.entries};
     }
+    if (const std::optional<Outcome> failure = writeFailure(outcome.entries))
+        return *failure;
     if (!refused.isEmpty())
         return {Result::Unsafe, refused, outcome.entries};
     return {Result::Done, QString(), outcome.entries};
