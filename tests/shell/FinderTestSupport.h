@@ -2,6 +2,8 @@
 
 // What the finder screens' tests share: the folder dialog answered, and the
 // configuration windows of the menu.
+#include "ShellTestSupport.h"
+#include "cleaner/finders/FinderScans.h"
 #include "cleaner/shell/KestalWarnningAndErrorViewController.h"
 
 #include <QAction>
@@ -10,6 +12,15 @@
 #include <QLabel>
 #include <QPointer>
 #include <QTimer>
+
+// Settings of the test's own, the finders' scans registered, and no service:
+// the finders scan in the window's own process.
+inline void prepareFinderScreens()
+{
+    isolateUserSettings();
+    FinderScans::registerAll();
+    qputenv("BRENLOW_SERVICE_PATH", "/nonexistent/brenlow-service");
+}
 
 // Chooses `folder` in the next folder dialog, from the event loop of its exec().
 inline void answerNextFolderDialog(const QString &folder)

@@ -5,11 +5,19 @@
 #include "ShellTestSupport.h"
 #include "cleaner/clean/KestalModuleCleanService.h"
 #include "cleaner/clean/XPCUtil.h"
+#include "cleaner/core/AppModuleService.h"
 #include "cleaner/shell/KestalRightSplitController.h"
+#include "cleaner/shell/KestalRightTabSwitchControllers.h"
 #include "cleaner/shell/KestalRootViewController.h"
 #include "support/TreeBuilder.h"
 
 #include <QMainWindow>
+
+// Where a module's screen stands.
+inline KestalSuperViewController::viewStatus stateOf(int module)
+{
+    return KestalSuperViewController::currentStatus(AppModuleService::appModules().at(module).tab);
+}
 
 class ShippedWindow {
 public:
@@ -31,6 +39,10 @@ public:
     }
 
     KestalRightSplitController *right() const { return root->rightSplit(); }
+    KestalRightBottomViewController *bar(int module) const
+    {
+        return right()->bottomSwitch()->barOfModule(module);
+    }
 
     void clickRow(int row)
     {

@@ -84,18 +84,10 @@ private:
     std::unique_ptr<ShippedWindow> m_world;
 
     KestalRightSplitController *right() const { return m_world->right(); }
-    KestalRightBottomViewController *bar(int module) const
-    {
-        return right()->bottomSwitch()->barOfModule(module);
-    }
+    KestalRightBottomViewController *bar(int module) const { return m_world->bar(module); }
     KestalDetailViewController *review(int module) const
     {
         return right()->topSwitch()->detail(module);
-    }
-    static viewStatus stateOf(int module)
-    {
-        return KestalSuperViewController::currentStatus(
-            AppModuleService::appModules().at(module).tab);
     }
     QString home(const QString &relative) const { return m_world->home.path(relative); }
 
@@ -124,12 +116,7 @@ private:
     }
 
 private slots:
-    void initTestCase()
-    {
-        isolateUserSettings();
-        FinderScans::registerAll();
-        qputenv("BRENLOW_SERVICE_PATH", "/nonexistent/brenlow-service");
-    }
+    void initTestCase() { prepareFinderScreens(); }
 
     void init()
     {

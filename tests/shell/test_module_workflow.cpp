@@ -51,16 +51,8 @@ private:
     TreeBuilder *m_home = nullptr;
 
     KestalRightSplitController *right() const { return m_world->right(); }
-    KestalRightBottomViewController *bar(int module) const
-    {
-        return right()->bottomSwitch()->barOfModule(module);
-    }
+    KestalRightBottomViewController *bar(int module) const { return m_world->bar(module); }
     QWidget *topOnScreen() const { return right()->topSwitch()->currentWidget(); }
-    static viewStatus stateOf(int module)
-    {
-        return KestalSuperViewController::currentStatus(
-            AppModuleService::appModules().at(module).tab);
-    }
 
     KestalLeftTableViewController *left() const { return m_world->root->leftTable(); }
     void show(int module) { m_world->show(module); }

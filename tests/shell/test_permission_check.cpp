@@ -19,11 +19,6 @@ const QUrl photosPane("x-apple.systempreferences:com.apple.preference.security?P
 const QUrl fullDiskAccessPane(
     "x-apple.systempreferences:com.apple.preference.security?Privacy_FullDiskAccess");
 
-viewStatus stateOf(int module)
-{
-    return KestalSuperViewController::currentStatus(AppModuleService::appModules().at(module).tab);
-}
-
 } // namespace
 
 class PermissionCheckTest : public QObject {

@@ -25,11 +25,6 @@ namespace {
 
 constexpr int privacy = PrivacyService::moduleIndex;
 
-viewStatus stateOf(int module)
-{
-    return KestalSuperViewController::currentStatus(AppModuleService::appModules().at(module).tab);
-}
-
 Qt::CheckState checkState(const QModelIndex &index)
 {
     return Qt::CheckState(index.data(Qt::CheckStateRole).toInt());

@@ -68,20 +68,10 @@ private:
     std::unique_ptr<ShippedWindow> m_world;
 
     KestalRightSplitController *right() const { return m_world->right(); }
-    static viewStatus state()
-    {
-        return KestalSuperViewController::currentStatus(
-            AppModuleService::appModules().at(similar).tab);
-    }
     QString home(const QString &relative) const { return m_world->home.path(relative); }
 
 private slots:
-    void initTestCase()
-    {
-        isolateUserSettings();
-        FinderScans::registerAll();
-        qputenv("BRENLOW_SERVICE_PATH", "/nonexistent/brenlow-service");
-    }
+    void initTestCase() { prepareFinderScreens(); }
 
     void init()
     {
@@ -126,10 +116,10 @@ private slots:
         QCOMPARE(bar->scanPathTextField()->fullText(), "Folder: " + home("Photos"));
 
         QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(state(), viewStatus::scandone_NoEmpty);
+        QTRY_COMPARE(stateOf(similar), viewStatus::scandone_NoEmpty);
         QVERIFY(!bar->choosePathBtn()->isVisible());
         QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
-        QCOMPARE(state(), viewStatus::detail);
+        QCOMPARE(stateOf(similar), viewStatus::detail);
 
         auto *review = qobject_cast<KestalSimilarTopDetailViewController *>(
             right()->topSwitch()->detail(similar));
@@ -160,7 +150,7 @@ private slots:
         QVERIFY2(question->informative.endsWith("To be removed: 1 item, " +
                                                 KestalSuperViewController::byteString(size)),
                  qPrintable(question->informative));
-        QTRY_COMPARE(state(), viewStatus::cleandone);
+        QTRY_COMPARE(stateOf(similar), viewStatus::cleandone);
         QVERIFY(!QFile::exists(half));
         for (const QString &path : std::as_const(stays))
             QVERIFY2(QFile::exists(path), qPrintable(path));
@@ -170,7 +160,7 @@ private slots:
         QCOMPARE(group->text(0), QString("beach.jpg"));
         QCOMPARE(group->text(1), KestalSuperViewController::byteString(size));
         QTest::mouseClick(bar->cleandoneViewBtn(), Qt::LeftButton);
-        QCOMPARE(state(), viewStatus::showLog);
+        QCOMPARE(stateOf(similar), viewStatus::showLog);
         QCOMPARE(page->logTableView()->topLevelItem(0)->text(0), QString("Nothing failed."));
     }
 
