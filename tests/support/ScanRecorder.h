@@ -1,8 +1,11 @@
 #pragma once
 
+#include "cleaner/core/AppModuleService.h"
 #include "cleaner/core/FolderInfo.h"
+#include "cleaner/scan/KestalService.h"
 
 #include <QStringList>
+#include <QTest>
 #include <memory>
 
 // Records what a scan posts to the main queue. The record lives on the heap,
@@ -33,6 +36,17 @@ public:
     }
     const Record &operator*() const { return *m_record; }
     const Record *operator->() const { return m_record.get(); }
+
+    // Runs a module's scan through the driver to its end, with this record
+    // hearing it; the program stops when the scan does not end in time.
+    QList<Category> scanToEnd(int module, int timeoutMs = 60000) const
+    {
+        bool finished = false;
+        KestalService::scan(module, progress(), showPercent(), [&](int) { finished = true; });
+        if (!QTest::qWaitFor([&] { return finished; }, timeoutMs))
+            qFatal("the scan of module %d did not end", module);
+        return AppModuleService::categoriesOf(module);
+    }
 
 private:
     std::shared_ptr<Record> m_record = std::make_shared<Record>();

@@ -73,10 +73,8 @@ void TestEnvironment::useShippedResources()
 
 void TestEnvironment::writeModules(const QVariant &rows)
 {
-    QFile f(resources() + QStringLiteral("/BrenlowModules.plist"));
-    f.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    f.write(PropertyList::toXml(rows));
-    f.close();
+    TreeBuilder::write(resources() + QStringLiteral("/BrenlowModules.plist"),
+                       PropertyList::toXml(rows));
     resetCaches();
 }
 

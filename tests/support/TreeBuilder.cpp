@@ -83,6 +83,26 @@ QString TreeBuilder::file(const QString &relative, qint64 size, const QDateTime 
     return p;
 }
 
+QString TreeBuilder::write(const QString &path, const QByteArray &data)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(data) != data.size())
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
+bool TreeBuilder::exists(const QByteArray &path)
+{
+    struct stat st;
+    return lstat(path.constData(), &st) == 0;
+}
+
+bool TreeBuilder::exists(const QString &path)
+{
+    return exists(QFile::encodeName(path));
+}
+
 QByteArray TreeBuilder::fileBytes(const QByteArray &relative, qint64 size)
 {
     const QByteArray p = pathBytes(relative);

@@ -42,6 +42,12 @@ public:
     static bool setImmutable(const QByteArray &path, bool on);
     // The home of the user running this process, from the password database.
     static QString realHome();
+    // Writes data at an absolute path, making its folders; stops the test
+    // program when it cannot.
+    static QString write(const QString &path, const QByteArray &data);
+    // Whether anything is at the path, a link counting as itself.
+    static bool exists(const QByteArray &path);
+    static bool exists(const QString &path);
 
 private:
     std::unique_ptr<QTemporaryDir> m_dir;
