@@ -2,21 +2,15 @@
 // link on the way or below, and leaves whatever changed since the scan.
 
 #include "cleaner/core/FileRemoval.h"
+#include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
 #include <QFile>
 #include <QtTest>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
-
-bool exists(const QString &path)
-{
-    struct stat st;
-    return lstat(QFile::encodeName(path).constData(), &st) == 0;
-}
 
 ItemIdentity identityOf(const QString &path)
 {
@@ -111,14 +105,14 @@ private slots:
         if (outcome != FileRemoval::Outcome::Removed)
             QVERIFY(!result.reason().isEmpty());
         // Nothing outside the item is ever touched.
-        QVERIFY(exists(t.path("outside/item/inner")));
-        QVERIFY(exists(t.path("outside/home/item/inner")));
+        QVERIFY(TreeBuilder::exists(t.path("outside/item/inner")));
+        QVERIFY(TreeBuilder::exists(t.path("outside/home/item/inner")));
         if (change == Change::FileReplacedByFolder)
-            QVERIFY(exists(t.path("home/item/unseen")));
+            QVERIFY(TreeBuilder::exists(t.path("home/item/unseen")));
         if (change == Change::FileReplacedByFile)
             QCOMPARE(QFileInfo(item).size(), 9);
         if (change == Change::None)
-            QVERIFY(!exists(item));
+            QVERIFY(!TreeBuilder::exists(item));
     }
 
     void linksGoAsThemselves()
@@ -133,9 +127,9 @@ private slots:
         for (const char *name : {"listed", "alone", "dangling"}) {
             const QString path = t.path(QLatin1String(name));
             QVERIFY(FileRemoval::removeListed(QFile::encodeName(path), identityOf(path)).removed());
-            QVERIFY(!exists(path));
+            QVERIFY(!TreeBuilder::exists(path));
         }
-        QVERIFY(exists(t.path("outside/kept")));
+        QVERIFY(TreeBuilder::exists(t.path("outside/kept")));
         QCOMPARE(QFileInfo(t.path("outside/kept")).size(), 8);
     }
 
@@ -156,7 +150,7 @@ private slots:
         QFETCH(QByteArray, path);
         QFETCH(FileRemoval::Outcome, outcome);
         QCOMPARE(FileRemoval::removeListed(path, ItemIdentity()).outcome, outcome);
-        QVERIFY(exists(QStringLiteral("/tmp")));
+        QVERIFY(TreeBuilder::exists(QStringLiteral("/tmp")));
     }
 
     void normalizesOnlyHarmlessSpellings()
@@ -177,20 +171,11 @@ private slots:
         t.file("locked/item", 3);
         const QString item = t.path("locked/item");
         const ItemIdentity scanned = identityOf(item);
-        const pid_t child = fork();
-        if (child == 0) {
-            // "nobody" may search the folder but not write it.
-            if (setgid(65534) != 0 || setuid(65534) != 0)
-                _exit(3);
-            const FileRemoval::Result r =
-                FileRemoval::removeListed(QFile::encodeName(item), scanned);
-            _exit(r.needsPrivilege() ? 0 : 1);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        QVERIFY(WIFEXITED(status));
-        QCOMPARE(WEXITSTATUS(status), 0);
-        QVERIFY(exists(item));
+        // "nobody" may search the folder but not write it.
+        QVERIFY(TestEnvironment::asUnprivileged([&] {
+            return FileRemoval::removeListed(QFile::encodeName(item), scanned).needsPrivilege();
+        }));
+        QVERIFY(TreeBuilder::exists(item));
     }
 };
 

@@ -34,12 +34,6 @@ FolderInfoPtr byName(const QList<FolderInfoPtr> &nodes, const QString &name)
     return nullptr;
 }
 
-bool exists(const QByteArray &path)
-{
-    struct stat st;
-    return lstat(path.constData(), &st) == 0;
-}
-
 } // namespace
 
 class FolderInfoTest : public QObject {
@@ -157,7 +151,7 @@ private slots:
         QCOMPARE(parent->children.size(), 1);
         QCOMPARE(FolderInfo::pathBytes(parent->children.first()->url), odd);
         QVERIFY(FolderInfo::deleteFile(parent->children.first()->url));
-        QVERIFY(!exists(odd));
+        QVERIFY(!TreeBuilder::exists(odd));
     }
 
     void deletableMeansWhatTheParentAllows()
@@ -178,8 +172,8 @@ private slots:
             return !FolderInfo::deleteFile(FolderInfo::urlFromPath(lockedChild)) &&
                    FolderInfo::deleteFile(FolderInfo::urlFromPath(freeFile));
         }));
-        QVERIFY(exists(lockedChild));
-        QVERIFY(!exists(freeFile));
+        QVERIFY(TreeBuilder::exists(lockedChild));
+        QVERIFY(!TreeBuilder::exists(freeFile));
     }
 
     void handleString_data()
