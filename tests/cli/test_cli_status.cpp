@@ -37,20 +37,21 @@ private slots:
         QFETCH(bool, withBattery);
         TestEnvironment env;
         const QString root = env.root();
-        writeText(root + "/proc/stat", "cpu  300 0 100 600 0 0 0 0 0 0\n");
-        writeText(root + "/sys/devices/system/cpu/online", "0-7\n");
-        writeText(root + "/proc/meminfo", "MemTotal: 16777216 kB\nMemFree: 4194304 kB\n"
-                                          "Active(anon): 2097152 kB\n");
-        writeText(root + "/proc/self/mountinfo", "22 1 8:1 / / rw - ext4 /dev/sda1 rw\n");
-        writeText(root + "/proc/net/dev", "h\nh\n  eth0: 5000 1 0 0 0 0 0 0 3000 1 0 0 0 0 0 0\n");
+        TreeBuilder::write(root + "/proc/stat", "cpu  300 0 100 600 0 0 0 0 0 0\n");
+        TreeBuilder::write(root + "/sys/devices/system/cpu/online", "0-7\n");
+        TreeBuilder::write(root + "/proc/meminfo", "MemTotal: 16777216 kB\nMemFree: 4194304 kB\n"
+                                                   "Active(anon): 2097152 kB\n");
+        TreeBuilder::write(root + "/proc/self/mountinfo", "22 1 8:1 / / rw - ext4 /dev/sda1 rw\n");
+        TreeBuilder::write(root + "/proc/net/dev",
+                           "h\nh\n  eth0: 5000 1 0 0 0 0 0 0 3000 1 0 0 0 0 0 0\n");
         if (withBattery) {
             const QString bat = root + "/sys/class/power_supply/BAT0/";
-            writeText(bat + "type", "Battery\n");
-            writeText(bat + "status", "Discharging\n");
-            writeText(bat + "charge_now", "2000000\n");
-            writeText(bat + "charge_full", "4000000\n");
-            writeText(bat + "current_now", "1000000\n");
-            writeText(bat + "cycle_count", "12\n");
+            TreeBuilder::write(bat + "type", "Battery\n");
+            TreeBuilder::write(bat + "status", "Discharging\n");
+            TreeBuilder::write(bat + "charge_now", "2000000\n");
+            TreeBuilder::write(bat + "charge_full", "4000000\n");
+            TreeBuilder::write(bat + "current_now", "1000000\n");
+            TreeBuilder::write(bat + "cycle_count", "12\n");
         }
         const QProcessEnvironment e = CliProcess::environmentOf(env);
 

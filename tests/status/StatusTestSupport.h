@@ -1,10 +1,9 @@
 #pragma once
 
-// Helpers of the status tests: what a system tool says, and kernel files
-// written under a test root.
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+// Helpers of the status tests: what a system tool says; kernel files are
+// written under a test root with TreeBuilder::write.
+#include "support/TreeBuilder.h"
+
 #include <QProcess>
 #include <QtTest>
 
@@ -16,12 +15,4 @@ inline QByteArray toolOutput(const QString &commandLine)
     if (!p.waitForFinished(30000) || p.exitCode() != 0)
         return QByteArray();
     return p.readAllStandardOutput();
-}
-
-inline void writeText(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(text);
 }

@@ -127,7 +127,8 @@ private slots:
     void noTicksBetweenReadingsIsNotANumber()
     {
         TestEnvironment env;
-        writeText(env.root() + "/proc/stat", "cpu  100 5 20 300 7 1 2 3 0 0\ncpu0 1 1 1 1\n");
+        TreeBuilder::write(env.root() + "/proc/stat",
+                           "cpu  100 5 20 300 7 1 2 3 0 0\ncpu0 1 1 1 1\n");
         System system;
         const System::CPUUsage first = system.usageCPU();
         // iowait counts as idle; irq, softirq and steal as system.
@@ -153,13 +154,13 @@ private slots:
         TestEnvironment env;
         QCOMPARE(System::thermalLevel(), System::ThermalLevel::NotPublished);
         const QString zones = env.root() + "/sys/class/thermal/";
-        writeText(zones + "thermal_zone0/temp", "40000\n");
-        writeText(zones + "thermal_zone1/temp", temp);
-        writeText(zones + "thermal_zone1/trip_point_0_type", "passive\n");
-        writeText(zones + "thermal_zone1/trip_point_0_temp", "80000\n");
-        writeText(zones + "thermal_zone1/trip_point_1_type", "critical\n");
-        writeText(zones + "thermal_zone1/trip_point_1_temp", "100000\n");
-        writeText(zones + "cooling_device0/type", "Processor\n");
+        TreeBuilder::write(zones + "thermal_zone0/temp", "40000\n");
+        TreeBuilder::write(zones + "thermal_zone1/temp", temp);
+        TreeBuilder::write(zones + "thermal_zone1/trip_point_0_type", "passive\n");
+        TreeBuilder::write(zones + "thermal_zone1/trip_point_0_temp", "80000\n");
+        TreeBuilder::write(zones + "thermal_zone1/trip_point_1_type", "critical\n");
+        TreeBuilder::write(zones + "thermal_zone1/trip_point_1_temp", "100000\n");
+        TreeBuilder::write(zones + "cooling_device0/type", "Processor\n");
         QTEST(System::thermalLevelText(System::thermalLevel()), "level");
     }
 
@@ -167,22 +168,23 @@ private slots:
     {
         TestEnvironment env;
         const QString cpu = env.root() + "/sys/devices/system/cpu/";
-        writeText(cpu + "online", "0-3\n");
+        TreeBuilder::write(cpu + "online", "0-3\n");
         // Two cores of two threads each.
         for (int i = 0; i < 4; ++i) {
-            writeText(cpu + QString("cpu%1/topology/physical_package_id").arg(i), "0\n");
-            writeText(cpu + QString("cpu%1/topology/core_id").arg(i), QByteArray::number(i / 2));
+            TreeBuilder::write(cpu + QString("cpu%1/topology/physical_package_id").arg(i), "0\n");
+            TreeBuilder::write(cpu + QString("cpu%1/topology/core_id").arg(i),
+                               QByteArray::number(i / 2));
         }
-        writeText(cpu + "cpu0/cpufreq/scaling_max_freq", "2400000\n");
-        writeText(cpu + "cpu0/cpufreq/cpuinfo_max_freq", "3200000\n");
-        writeText(env.root() + "/proc/meminfo",
-                  "MemTotal:        8388608 kB\nMemFree:         2097152 kB\n"
-                  "Active:          9999999 kB\nActive(anon):    1048576 kB\n"
-                  "Active(file):    7777777 kB\nInactive(anon):   524288 kB\n"
-                  "Unevictable:       65536 kB\nSUnreclaim:       131072 kB\n"
-                  "KernelStack:       32768 kB\nPageTables:        32768 kB\n"
-                  "Zswap:             262144 kB\n");
-        writeText(env.root() + "/sys/class/dmi/id/product_name", "VirtualBox\n");
+        TreeBuilder::write(cpu + "cpu0/cpufreq/scaling_max_freq", "2400000\n");
+        TreeBuilder::write(cpu + "cpu0/cpufreq/cpuinfo_max_freq", "3200000\n");
+        TreeBuilder::write(env.root() + "/proc/meminfo",
+                           "MemTotal:        8388608 kB\nMemFree:         2097152 kB\n"
+                           "Active:          9999999 kB\nActive(anon):    1048576 kB\n"
+                           "Active(file):    7777777 kB\nInactive(anon):   524288 kB\n"
+                           "Unevictable:       65536 kB\nSUnreclaim:       131072 kB\n"
+                           "KernelStack:       32768 kB\nPageTables:        32768 kB\n"
+                           "Zswap:             262144 kB\n");
+        TreeBuilder::write(env.root() + "/sys/class/dmi/id/product_name", "VirtualBox\n");
         QCOMPARE(System::logicalCores(), 4);
         QCOMPARE(System::physicalCores(), 2);
         QCOMPARE(System::CPUPowerLimit().processorSpeed, 75.0);
