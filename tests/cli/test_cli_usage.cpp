@@ -64,6 +64,21 @@ private slots:
             << QByteArrayList{"status", "--watch", "0"} << 1 << "--watch";
         QTest::newRow("watch not a number")
             << QByteArrayList{"status", "--watch", "soon"} << 1 << "--watch";
+        QTest::newRow("size not an integer")
+            << QByteArrayList{"scan", "Duplicates", "--min-size", "1.5"} << 1 << "--min-size: ";
+        QTest::newRow("finder option of another module")
+            << QByteArrayList{"scan", "Trash Bin", "--min-size", "4"} << 1
+            << "--path is an option of the duplicate and similar image finders";
+        QTest::newRow("option without its value")
+            << QByteArrayList{"scan", "Duplicates", "--path"} << 1 << "--path needs a value";
+        QTest::newRow("threshold 0") << QByteArrayList{"scan", "Similar Images", "--threshold", "0"}
+                                     << 1 << "--threshold: \"0\" is not a whole number";
+        QTest::newRow("threshold of duplicates")
+            << QByteArrayList{"scan", "Duplicates", "--threshold", "2"} << 1
+            << "--threshold of the similar one";
+        QTest::newRow("size of similar")
+            << QByteArrayList{"scan", "Similar Images", "--min-size", "2"} << 1
+            << "--threshold of the similar one";
     }
     void helpAndUsageErrors()
     {
