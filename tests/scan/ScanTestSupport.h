@@ -49,12 +49,4 @@ inline QStringList relativePaths(const QList<FolderInfoPtr> &files, const QStrin
     return paths;
 }
 
-inline void writeFile(const QString &path, const QByteArray &data)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(data);
-}
-
 } // namespace ScanTest

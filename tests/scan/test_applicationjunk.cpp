@@ -139,7 +139,7 @@ private slots:
         TestEnvironment env("macos");
         TreeBuilder mail(env.home() + "/Library/Mail");
         if (!index.isNull())
-            writeFile(mail.path("PersistenceInfo.plist"), index);
+            TreeBuilder::write(mail.path("PersistenceInfo.plist"), index);
         mail.file("V6/ACC-1/Data/Attachments/1/2/report.pdf", 100);
         mail.file("V6/ACC-1/Data/Attachments/3/photo.jpg", 50);
         mail.file("V6/ACC-1/Data/Messages/1.emlx", 30);
@@ -161,14 +161,14 @@ private slots:
         TestEnvironment env;
         TreeBuilder backups(env.home() + "/.local/share/MobileSync/Backup");
         const QDateTime when(QDate(2024, 3, 1), QTime(10, 0), Qt::UTC);
-        writeFile(backups.path("00008-A/Info.plist"),
-                  PropertyList::toBinary(QVariantMap{{"Display Name", "Ann's iPhone"},
-                                                     {"Product Name", "iPhone 12"},
-                                                     {"Last Backup Date", when}}));
+        TreeBuilder::write(backups.path("00008-A/Info.plist"),
+                           PropertyList::toBinary(QVariantMap{{"Display Name", "Ann's iPhone"},
+                                                              {"Product Name", "iPhone 12"},
+                                                              {"Last Backup Date", when}}));
         backups.file("00008-A/Manifest.db", 200);
-        writeFile(backups.path("00008-B/Info.plist"), "damaged");
+        TreeBuilder::write(backups.path("00008-B/Info.plist"), "damaged");
         backups.file("00008-C/Manifest.db", 300); // no Info.plist
-        writeFile(backups.path(".hidden/Info.plist"), PropertyList::toXml(QVariantMap{}));
+        TreeBuilder::write(backups.path(".hidden/Info.plist"), PropertyList::toXml(QVariantMap{}));
 
         Category c = categoryAt("iTunes", backups.root());
         const ScanRecorder seen;

@@ -179,18 +179,19 @@ private slots:
         sys.file("block/sda/removable");
         sys.folder("block/sda/sda1");
         sys.file("block/sdb/sdb1/partition");
-        writeFile(sys.path("block/sdb/removable"), "1\n");
+        TreeBuilder::write(sys.path("block/sdb/removable"), "1\n");
         // A USB disk says it is fixed, but hangs on a USB bus.
         const QString usb = "devices/pci0000:00/usb2/2-1/block/sdc";
         sys.file(usb + "/removable");
         sys.folder(usb + "/sdc1");
         sys.symlink("block/sdc", sys.path(usb));
-        writeFile(env.root() + "/proc/self/mountinfo",
-                  "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
-                  "23 22 0:5 / /proc rw,nosuid - proc proc rw\n"
-                  "40 22 8:17 / /media/user/MY\\040STICK rw,nosuid shared:2 - vfat /dev/sdb1 rw\n"
-                  "41 22 8:33 / /media/user/Backup ro,nosuid - exfat /dev/sdc1 ro\n"
-                  "damaged line\n");
+        TreeBuilder::write(
+            env.root() + "/proc/self/mountinfo",
+            "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+            "23 22 0:5 / /proc rw,nosuid - proc proc rw\n"
+            "40 22 8:17 / /media/user/MY\\040STICK rw,nosuid shared:2 - vfat /dev/sdb1 rw\n"
+            "41 22 8:33 / /media/user/Backup ro,nosuid - exfat /dev/sdc1 ro\n"
+            "damaged line\n");
 
         const QList<MountedVolume> volumes = Volumes::mountedVolumes();
         QCOMPARE(volumes.size(), 4);
