@@ -4,29 +4,17 @@
 #include "cleaner/finders/FileHash.h"
 #include "cleaner/finders/FinderScans.h"
 #include "cleaner/scan/KestalService.h"
+#include "support/ScanRecorder.h"
 #include "support/TestEnvironment.h"
 #include "support/TreeBuilder.h"
 
 #include <QFile>
 #include <QtTest>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
 using Kind = DuplicateService::duplicateKind;
-
-// Writes bytes under a root, making folders as needed (raw names allowed).
-QByteArray put(const QString &root, const QByteArray &relative, const QByteArray &content)
-{
-    const QByteArray path = QFile::encodeName(root) + '/' + relative;
-    QDir().mkpath(QFile::decodeName(path.left(path.lastIndexOf('/'))));
-    const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (fd < 0 || ::write(fd, content.constData(), size_t(content.size())) != content.size())
-        qFatal("cannot write %s", path.constData());
-    ::close(fd);
-    return path;
-}
 
 QByteArray pattern(qint64 size, char seed)
 {
@@ -41,11 +29,7 @@ QList<Category> scanFolder(const QString &root, qint64 limitKiB)
 {
     DuplicateService::path() = root;
     DuplicateService::size = limitKiB;
-    bool finished = false;
-    KestalService::scan(DuplicateService::moduleIndex, {}, {}, [&](int) { finished = true; });
-    if (!QTest::qWaitFor([&] { return finished; }, 60000))
-        qFatal("the duplicate scan did not end");
-    return AppModuleService::categoriesOf(DuplicateService::moduleIndex);
+    return ScanRecorder().scanToEnd(DuplicateService::moduleIndex);
 }
 
 // Each group as its sorted list of paths below root, the groups sorted.
@@ -118,20 +102,20 @@ private slots:
         const qint64 big = 300000;
         const QByteArray data = pattern(big, 1);
         for (const char *p : {"a/x", "b/x", "c/y"})
-            put(r, p, data);
+            TreeBuilder::write(r + '/' + p, data);
         QByteArray last = data, middle = data, first = data;
         last[big - 1] = char(last[big - 1] ^ 1);
         middle[big / 2] = char(middle[big / 2] ^ 1);
         first[0] = char(first[0] ^ 1);
-        put(r, "d/last", last);
-        put(r, "d/middle", middle);
-        put(r, "d/first", first);
-        put(r, "e/small1", pattern(100, 2));
-        put(r, "e/small2", pattern(100, 3));
-        put(r, "f/single", pattern(5000, 4));
+        TreeBuilder::write(r + "/d/last", last);
+        TreeBuilder::write(r + "/d/middle", middle);
+        TreeBuilder::write(r + "/d/first", first);
+        TreeBuilder::write(r + "/e/small1", pattern(100, 2));
+        TreeBuilder::write(r + "/e/small2", pattern(100, 3));
+        TreeBuilder::write(r + "/f/single", pattern(5000, 4));
         QVERIFY(QDir().mkpath(r + "/g"));
         QCOMPARE(::link(QFile::encodeName(r + "/f/single"), QFile::encodeName(r + "/g/link")), 0);
-        put(r, "h/twin", middle);
+        TreeBuilder::write(r + "/h/twin", middle);
 
         const QList<Category> categories = scanFolder(r, 0);
         QCOMPARE(groupsOf(categories, r),
@@ -160,9 +144,9 @@ private slots:
         for (int i = 0; i < 40; ++i) {
             const QString n = QStringLiteral("x%1").arg(i);
             for (const char *folder : {"p/", "p/q/r/", "p/s/"})
-                put(r, folder + QFile::encodeName(n), pattern(700 + i, 1));
+                TreeBuilder::write(r + '/' + folder + n, pattern(700 + i, 1));
             for (const char *folder : {"p/q/", "p/t/"})
-                put(r, folder + QFile::encodeName(n), pattern(700 + i, 2));
+                TreeBuilder::write(r + '/' + folder + n, pattern(700 + i, 2));
             expected << QStringList{"p/q/r/" + n, "p/s/" + n, "p/" + n}
                      << QStringList{"p/q/" + n, "p/t/" + n};
         }
@@ -182,8 +166,8 @@ private slots:
         TestEnvironment env;
         TreeBuilder tree;
         const QByteArray data = pattern(size, 5);
-        const QByteArray a = put(tree.root(), "a", data);
-        put(tree.root(), "b", data);
+        const QByteArray a = QFile::encodeName(TreeBuilder::write(tree.path("a"), data));
+        TreeBuilder::write(tree.path("b"), data);
         QCOMPARE(FileHash::md5HashOfFileAtPath(a),
                  DuplicateService::dataConversionToMD5String(data));
         const QList<Category> categories = scanFolder(tree.root(), 0);
@@ -277,7 +261,7 @@ private slots:
         TreeBuilder tree;
         const QString r = tree.root();
         for (const char *p : {"a", "b", "c", "d"})
-            put(r, p, pattern(200000, 6));
+            TreeBuilder::write(r + '/' + p, pattern(200000, 6));
         auto [sizeAndPath, sizes] = DuplicateService::walk(QFile::encodeName(r), 0);
         QFile::remove(r + "/c");
         QFile::resize(r + "/d", 100);

@@ -3,6 +3,7 @@
 #include "cleaner/finders/FinderScans.h"
 #include "cleaner/finders/KestalLargeAndOldFileServices.h"
 #include "cleaner/finders/LargeAndOldFileService.h"
+#include "support/ScanRecorder.h"
 #include "support/TestEnvironment.h"
 
 #include <QFile>
@@ -32,11 +33,7 @@ QString place(const QString &relative, qint64 size, qint64 age)
 
 QList<Category> scanHome()
 {
-    bool finished = false;
-    KestalService::scan(module, {}, {}, [&](int) { finished = true; });
-    if (!QTest::qWaitFor([&] { return finished; }, 60000))
-        qFatal("the large and old files scan did not end");
-    return AppModuleService::categoriesOf(module);
+    return ScanRecorder().scanToEnd(module);
 }
 
 // The categories' file names below the home, one list a category.
@@ -70,7 +67,6 @@ private slots:
     void oneWalkFillsFourCategories()
     {
         TestEnvironment env;
-        env.useShippedResources();
         place("exactly100", L::over100M, 0);
         place("over100", L::over100M + 1, 0);
         place("exactly5", L::over5M, 0);
@@ -92,6 +88,10 @@ private slots:
                                          : categories[L::Over100M].files.last();
         QCOMPARE(inSize.get(), categories[L::LessThanYear].files.first().get());
         QCOMPARE(categories[L::LessThanYear].size, qint64(200000000));
+        // Ticking the shared node in one category ticks it in the other.
+        AppModuleService::largeAndOldFileUpdateState(1, module, L::Over100M, inSize->findex,
+                                                     std::nullopt);
+        QCOMPARE(AppModuleService::categoriesOf(module)[L::LessThanYear].files.first()->checked, 1);
     }
 
     // The age borders are strict: a file changed exactly a month (a year)
@@ -112,24 +112,11 @@ private slots:
         QCOMPARE(categories[L::LessThanYear].files.size(), 0);
     }
 
-    // Ticking the shared node in one category ticks it in the other.
-    void sharedNodeIsTickedOnce()
-    {
-        TestEnvironment env;
-        env.useShippedResources();
-        place("old/big", 200000000, 2 * 365 * day);
-        QList<Category> &categories = (scanHome(), AppModuleService::categoriesOf(module));
-        const int findex = categories[L::Over100M].files.first()->findex;
-        AppModuleService::largeAndOldFileUpdateState(1, module, L::Over100M, findex, std::nullopt);
-        QCOMPARE(categories[L::LessThanYear].files.first()->checked, 1);
-    }
-
     // After a clean the files that went are dropped; a blank in a name
     // survives, an escaped non-ASCII name counts as gone.
     void filterInfoListAfterAClean()
     {
         TestEnvironment env;
-        env.useShippedResources();
         place("gone", 10, 400 * day);
         place("with blank", 10, 400 * day);
         place("caf\u00e9", 10, 400 * day);
@@ -144,7 +131,6 @@ private slots:
     void unreadableHomeGivesEmptyCategories()
     {
         TestEnvironment env;
-        env.useShippedResources();
         place("old", 10, 400 * day);
         ::chmod(QFile::encodeName(Platform::homeDirectory()).constData(), 0);
         bool empty = true;

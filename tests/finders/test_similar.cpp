@@ -6,6 +6,7 @@
 #include "cleaner/finders/PictureReduction.h"
 #include "cleaner/finders/SimilarService.h"
 #include "cleaner/scan/KestalService.h"
+#include "support/ScanRecorder.h"
 #include "support/TestEnvironment.h"
 
 #include <QBuffer>
@@ -127,11 +128,7 @@ QList<qint64> prefixOnes(int ones)
 QList<Category> scanSimilar(const QString &root)
 {
     SimilarService::path() = root;
-    bool finished = false;
-    KestalService::scan(SimilarService::moduleIndex, {}, {}, [&](int) { finished = true; });
-    if (!QTest::qWaitFor([&] { return finished; }, 120000))
-        qFatal("the similar images scan did not end");
-    return AppModuleService::categoriesOf(SimilarService::moduleIndex);
+    return ScanRecorder().scanToEnd(SimilarService::moduleIndex, 120000);
 }
 
 } // namespace
