@@ -26,14 +26,6 @@ CliProcess::Result cli(const TestEnvironment &env, const QStringList &args)
     return CliProcess::run(CliProcess::program(), bytes, e);
 }
 
-void write(const QString &path, const QByteArray &data)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(data);
-}
-
 } // namespace
 
 class TestApplicationsCli : public QObject {
@@ -45,13 +37,13 @@ private slots:
     void uninstaller()
     {
         TestEnvironment env("linux");
-        write(env.root() + "/opt/Tool/run", "x");
-        write(env.home() + "/.config/Tool/settings", "yy");
-        write(env.home() + "/.local/share/applications/tool.desktop",
-              "[Desktop Entry]\nName=Tool Deluxe\nExec=" + QFile::encodeName(env.root()) +
-                  "/opt/Tool/run\n");
-        write(env.home() + "/Applications/Other-2.0.AppImage", "zzz");
-        write(env.home() + "/.cache/other/c", "c");
+        TreeBuilder::write(env.root() + "/opt/Tool/run", "x");
+        TreeBuilder::write(env.home() + "/.config/Tool/settings", "yy");
+        TreeBuilder::write(env.home() + "/.local/share/applications/tool.desktop",
+                           "[Desktop Entry]\nName=Tool Deluxe\nExec=" +
+                               QFile::encodeName(env.root()) + "/opt/Tool/run\n");
+        TreeBuilder::write(env.home() + "/Applications/Other-2.0.AppImage", "zzz");
+        TreeBuilder::write(env.home() + "/.cache/other/c", "c");
 
         const CliProcess::Result scan = cli(env, {"scan", "Uninstaller", "--json"});
         QCOMPARE(scan.exitCode, 0);
@@ -84,8 +76,9 @@ private slots:
     void extensions()
     {
         TestEnvironment env("linux");
-        write(env.home() + "/.config/autostart/on.desktop", "[Desktop Entry]\n");
-        write(env.home() + "/.config/autostart.disabled/off.desktop", "[Desktop Entry]\n");
+        TreeBuilder::write(env.home() + "/.config/autostart/on.desktop", "[Desktop Entry]\n");
+        TreeBuilder::write(env.home() + "/.config/autostart.disabled/off.desktop",
+                           "[Desktop Entry]\n");
         const CliProcess::Result scan = cli(env, {"scan", "Extensions", "--json"});
         QCOMPARE(scan.exitCode, 0);
         QMap<QString, bool> rows;

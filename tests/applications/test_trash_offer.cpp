@@ -43,22 +43,14 @@ public slots:
     QStringList GetCapabilities() { return {QStringLiteral("actions")}; }
 };
 
-void write(const QString &path, const QByteArray &data = "x")
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(data);
-}
-
 // Throws an item into the freedesktop Trash as a file manager does: the
 // record of where it was first, then the item.
 void throwAway(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
-    write(Platform::trashPath() + "/info/" + name + ".trashinfo",
-          "[Trash Info]\nPath=" + QUrl::toPercentEncoding(path, "/") +
-              "\nDeletionDate=2026-11-24T01:00:00\n");
+    TreeBuilder::write(Platform::trashPath() + "/info/" + name + ".trashinfo",
+                       "[Trash Info]\nPath=" + QUrl::toPercentEncoding(path, "/") +
+                           "\nDeletionDate=2026-11-24T01:00:00\n");
     QDir().mkpath(ApplicationPlaces::trashItemsFolder());
     QVERIFY(QDir().rename(path, ApplicationPlaces::trashItemsFolder() + "/" + name));
 }
@@ -127,12 +119,12 @@ private slots:
     {
         TestEnvironment env("linux");
         const QString apps = env.home() + "/Applications/";
-        write(apps + "Old.AppImage");
+        TreeBuilder::write(apps + "Old.AppImage", "x");
         throwAway(apps + "Old.AppImage");
-        write(apps + "New.AppImage");
-        write(apps + "Brenlow-2.0.AppImage");
-        write(apps + "Folder/run");
-        write(env.home() + "/Downloads/x.AppImage.zip");
+        TreeBuilder::write(apps + "New.AppImage", "x");
+        TreeBuilder::write(apps + "Brenlow-2.0.AppImage", "x");
+        TreeBuilder::write(apps + "Folder/run", "x");
+        TreeBuilder::write(env.home() + "/Downloads/x.AppImage.zip", "x");
         recordOffers();
         KestalFolderEventMonitor monitor(ApplicationPlaces::trashItemsFolder());
         QCOMPARE(KestalFolderEventMonitor::whiteList().size(), 1);
@@ -151,13 +143,14 @@ private slots:
         throwAway(apps + "Folder");
         QTRY_COMPARE(m_offers.size(), 3);
         QCOMPARE(m_offers.last(), QStringLiteral("Folder"));
-        write(ApplicationPlaces::trashItemsFolder() + "/Folder/inside.AppImage");
+        TreeBuilder::write(ApplicationPlaces::trashItemsFolder() + "/Folder/inside.AppImage", "x");
 
         // Hundreds of items at once, three of them applications.
         for (int i = 0; i < 300; ++i)
-            write(ApplicationPlaces::trashItemsFolder() + QStringLiteral("/file-%1").arg(i));
+            TreeBuilder::write(
+                ApplicationPlaces::trashItemsFolder() + QStringLiteral("/file-%1").arg(i), "x");
         for (const char *name : {"A.AppImage", "B.AppImage", "C.AppImage"}) {
-            write(apps + name);
+            TreeBuilder::write(apps + name, "x");
             throwAway(apps + name);
         }
         throwAway(apps + "Old.AppImage");
@@ -170,8 +163,8 @@ private slots:
     void bundleEventsOnMacOS()
     {
         TestEnvironment env("macos");
-        write(env.home() + "/.Trash/Some.app/Contents/Helper.app/x");
-        write(env.home() + "/.Trash/x.app.zip");
+        TreeBuilder::write(env.home() + "/.Trash/Some.app/Contents/Helper.app/x", "x");
+        TreeBuilder::write(env.home() + "/.Trash/x.app.zip", "x");
         recordOffers();
         KestalFolderEventMonitor monitor(ApplicationPlaces::trashItemsFolder());
         QCOMPARE(KestalFolderEventMonitor::whiteList(),
@@ -202,11 +195,11 @@ private slots:
         KestalNotificationService::main();
         const QString apps = env.home() + "/Applications/";
         const QString app = apps + "Tool-1.0.AppImage";
-        write(app, QByteArray(500, 'a'));
-        write(env.home() + "/.config/Tool/settings");
-        write(env.home() + "/.local/share/applications/tool.desktop",
-              "[Desktop Entry]\nName=Tool\nExec=" + QFile::encodeName(app) + "\n");
-        write(env.home() + "/.config/Toolbox/keep");
+        TreeBuilder::write(app, QByteArray(500, 'a'));
+        TreeBuilder::write(env.home() + "/.config/Tool/settings", "x");
+        TreeBuilder::write(env.home() + "/.local/share/applications/tool.desktop",
+                           "[Desktop Entry]\nName=Tool\nExec=" + QFile::encodeName(app) + "\n");
+        TreeBuilder::write(env.home() + "/.config/Toolbox/keep", "x");
         KestalFolderEventMonitor monitor(ApplicationPlaces::trashItemsFolder());
         throwAway(app);
 
@@ -236,7 +229,7 @@ private slots:
                 asked = title == QLatin1String("In-depth Uninstallation");
                 answer(true);
             });
-        write(apps + "Second.AppImage");
+        TreeBuilder::write(apps + "Second.AppImage", "x");
         throwAway(apps + "Second.AppImage");
         QTRY_VERIFY_WITH_TIMEOUT(asked, 20000);
         QTRY_COMPARE_WITH_TIMEOUT(dialogs.size(), 2, 30000);

@@ -87,12 +87,7 @@ QStringList filePaths(const TestEnvironment &env, const Category &c)
 QList<Category> scanModule()
 {
     KestalUninstallService::registerWithScanDriver();
-    bool done = false;
-    ScanRecorder recorder;
-    KestalService::scan(UninstallService::moduleIndex, recorder.progress(), recorder.showPercent(),
-                        [&](int) { done = true; });
-    [&] { QTRY_VERIFY_WITH_TIMEOUT(done, 60000); }();
-    return AppModuleService::categoriesOf(UninstallService::moduleIndex);
+    return ScanRecorder().scanToEnd(UninstallService::moduleIndex);
 }
 
 } // namespace

@@ -87,7 +87,6 @@ private slots:
         for (QByteArray a : std::as_const(args))
             argv.append(a.replace("@", QFile::encodeName(tree.root())));
         TestEnvironment env;
-        env.useShippedResources();
         QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
         e.insert(QStringLiteral("BRENLOW_RESOURCES"), env.resources());
         e.insert(QStringLiteral("BRENLOW_HELPER_LAUNCHER"), QString());

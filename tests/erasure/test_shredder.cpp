@@ -35,13 +35,6 @@ QByteArray contentOf(const QString &path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
 }
 
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(content);
-}
-
 QMap<QByteArray, int> shredThroughHelper(Peer &helper, const QList<QByteArray> &paths)
 {
     QMap<QByteArray, QList<int>> folders;
@@ -61,7 +54,6 @@ private slots:
     void init()
     {
         m_env = std::make_unique<TestEnvironment>();
-        m_env->useShippedResources();
         ShredService::reset();
         useHelper(QString());
     }
@@ -187,7 +179,7 @@ private slots:
         tree.folder(QStringLiteral("sticky"));
         // Writable by anyone: a refusal comes from the rule on removal rights.
         for (const char *name : {"file", "open/file", "sticky/file", "other"}) {
-            writeFile(tree.path(name), marker);
+            TreeBuilder::write(tree.path(name), marker);
             tree.chmod(QString::fromLatin1(name), 0666);
         }
         tree.folder(QStringLiteral("folder"));
@@ -225,7 +217,7 @@ private slots:
         const QByteArray marker =
             "BRENLOW-MARKER-" + QByteArray::number(QRandomGenerator::global()->generate64(), 16);
         const QString file = fs.mountPoint + QStringLiteral("/secret.txt");
-        writeFile(file, marker.repeated(20000));
+        TreeBuilder::write(file, marker.repeated(20000));
         QVERIFY(LoopMount::run(QStringLiteral("sync"), {}));
         QVERIFY(contentOf(fs.image).contains(marker)); // the check can see it
 
