@@ -28,27 +28,18 @@ private slots:
         QTest::addColumn<QString>("title");   // of the last dialog
         QTest::addColumn<QString>("text");    // in its text
 
-        QTest::newRow("no NTFS volume") << "ext4"
-                                        << ""
-                                        << ""
-                                        << "Enable NTFS"
-                                        << "No NTFS volume is mounted.";
-        QTest::newRow("cancelled") << "ntfs3"
-                                   << ""
-                                   << "Cancel"
-                                   << ""
-                                   << "";
+        const auto row = [](const char *name, const char *type, const char *helper,
+                            const char *confirm, const char *title, const char *text) {
+            QTest::newRow(name) << QString(type) << QString(helper) << QString(confirm)
+                                << QString(title) << QString(text);
+        };
+        row("no NTFS volume", "ext4", "", "", "Enable NTFS", "No NTFS volume is mounted.");
+        row("cancelled", "ntfs3", "", "Cancel", "", "");
         // The helper acts only on volumes mounted now: the one described is not.
-        QTest::newRow("refused by the helper") << "ntfs3"
-                                               << ""
-                                               << "Confirm"
-                                               << "Activate Fail!"
-                                               << "Stick: it is not mounted any more";
-        QTest::newRow("no helper to start") << "ntfs"
-                                            << "/nonexistent/brenlow-helper"
-                                            << "Confirm"
-                                            << "Activate Fail!"
-                                            << "Activating the system's ntfs function failed";
+        row("refused by the helper", "ntfs3", "", "Confirm", "Activate Fail!",
+            "Stick: it is not mounted any more");
+        row("no helper to start", "ntfs", "/nonexistent/brenlow-helper", "Confirm",
+            "Activate Fail!", "Activating the system's ntfs function failed");
     }
     void ntfsSwitch()
     {
