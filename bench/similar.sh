@@ -28,6 +28,13 @@ if ! command -v findimagedupes >/dev/null; then
   sudo=; [ "$(id -u)" = 0 ] || sudo="sudo"
   $sudo apt-get install -y findimagedupes >&2
 fi
+# libjpeg-turbo's own decoder times the reading of the JPEGs alone, with no
+# hashing (for the benchmark only).
+if ! command -v djpeg >/dev/null; then
+  echo "installing libjpeg-turbo-progs for the benchmark ..." >&2
+  sudo=; [ "$(id -u)" = 0 ] || sudo="sudo"
+  $sudo apt-get install -y libjpeg-turbo-progs >&2
+fi
 if [ ! -f "$corpus/.complete" ]; then
   echo "generating $corpus (once) ..." >&2
   rm -rf "$corpus"
@@ -63,6 +70,16 @@ loadbefore=$(load)
 echo "brenlow ..." >&2
 measure brenlow "$cli" scan "Similar Images" --path "$corpus" --threshold 3 --json
 measure brenlow_jpeg "$cli" scan "Similar Images" --path "$corpus/jpeg" --threshold 3 --json
+echo "decoding alone ..." >&2
+grep '\.jpg$' "$work/all.list" >"$work/jpeg.list"
+grep '\.png$' "$work/all.list" >"$work/png.list"
+# What reading the pictures costs before any hashing: each JPEG decoded by
+# djpeg at libjpeg's smallest DCT scale, each PNG's data only inflated (its
+# rows not even unfiltered), as many at once as there are cores.
+decode='xargs -a "$1" -d "\n" -n 1 -P "$(nproc)" djpeg -scale 1/8 -outfile /dev/null
+  [ ! -s "$2" ] || xargs -a "$2" -d "\n" -n 16 -P "$(nproc)" python3 "$0"'
+measure decode bash -c "$decode" "$here/png_inflate.py" "$work/jpeg.list" "$work/png.list"
+measure decode_jpeg bash -c "$decode" "$here/png_inflate.py" "$work/jpeg.list" /dev/null
 echo "findimagedupes ..." >&2
 /usr/bin/time -f "%e %U %S %M" -o "$work/peer.time" findimagedupes -q - <"$work/peer.list" >"$work/peer.out" 2>/dev/null
 loadafter=$(load)
@@ -102,9 +119,18 @@ time, memory the peak resident size.
 |---|---|---|---|---|---|---|---|
 | brenlow | \`brenlow-cli scan "Similar Images" --path CORPUS --threshold 3 --json\` | $pictures | $(field brenlow 1) | $(rate "$pictures" brenlow) | $(field brenlow 2) | $(cpurate "$pictures" brenlow) | $(field brenlow 3) |
 | brenlow, the JPEGs only | \`... --path CORPUS/jpeg ...\` | $jpegs | $(field brenlow_jpeg 1) | $(rate "$jpegs" brenlow_jpeg) | $(field brenlow_jpeg 2) | $(cpurate "$jpegs" brenlow_jpeg) | $(field brenlow_jpeg 3) |
+| reading alone | \`djpeg -scale 1/8\`, \`png_inflate.py\` | $pictures | $(field decode 1) | $(rate "$pictures" decode) | $(field decode 2) | $(cpurate "$pictures" decode) | $(field decode 3) |
+| reading alone, the JPEGs | \`djpeg -scale 1/8\` | $jpegs | $(field decode_jpeg 1) | $(rate "$jpegs" decode_jpeg) | $(field decode_jpeg 2) | $(cpurate "$jpegs" decode_jpeg) | $(field decode_jpeg 3) |
 | findimagedupes | \`findimagedupes -q - <LIST\` | $peerpictures | $(field peer 1) | $(rate "$peerpictures" peer) | $(field peer 2) | $(cpurate "$peerpictures" peer) | $(field peer 3) |
 
 $peershare
+"Reading alone" is what the pictures cost before any hashing, with the
+libraries Brenlow decodes with: libjpeg-turbo's \`djpeg\` at its smallest DCT
+scale for each JPEG, and zlib inflating each PNG's image data (\`bench/png_inflate.py\`;
+its rows are not even unfiltered), as many at once as there are cores.
+These tools pay a process for each JPEG and a Python for every 16 PNGs, so
+their time bounds the reading from above. Ten times findimagedupes'
+rate would be $(awk -v r="$(rate "$peerpictures" peer)" 'BEGIN {printf "%.1f", 10 * r}') pictures a second.
 
 What they group (a near-copy pair counts when both pictures share a group;
 an unrelated pair is any other pair of pictures that share one):

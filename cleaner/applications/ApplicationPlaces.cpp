@@ -31,6 +31,7 @@ QString commandOf(const QString &exec)
 struct DesktopEntry {
     QString id;
     QString name;
+    QString icon;         // a theme's icon name or a picture's path
     QStringList commands; // Exec's and TryExec's programs, and Path
 };
 
@@ -61,6 +62,8 @@ std::optional<DesktopEntry> readDesktopEntry(const QString &path)
         const QString value = line.mid(eq + 1).trimmed();
         if (key == QLatin1String("Name"))
             entry.name = value;
+        else if (key == QLatin1String("Icon"))
+            entry.icon = value;
         else if (key == QLatin1String("Exec") || key == QLatin1String("TryExec"))
             entry.commands << commandOf(value);
         else if (key == QLatin1String("Path"))
@@ -258,12 +261,19 @@ std::optional<ApplicationPlaces::BundleInfo> ApplicationPlaces::bundleInfo(const
         info.shownName = plist.value(QStringLiteral("CFBundleDisplayName")).toString();
         if (info.shownName.isEmpty())
             info.shownName = plist.value(QStringLiteral("CFBundleName")).toString();
+        if (QString file = plist.value(QStringLiteral("CFBundleIconFile")).toString();
+            !file.isEmpty() && !file.contains(QLatin1Char('/'))) {
+            if (QFileInfo(file).suffix().isEmpty())
+                file += QStringLiteral(".icns");
+            info.icon = appPath + QStringLiteral("/Contents/Resources/") + file;
+        }
     } else if (const auto entry = findDesktopEntry(
                    // A thrown-away application is known by where it was.
                    appPath, originalPathOf(appPath).isEmpty() ? appPath : originalPathOf(appPath),
                    S_ISDIR(st.st_mode), &info.desktopEntry)) {
         info.identifier = entry->id;
         info.shownName = entry->name;
+        info.icon = entry->icon;
     }
     if (info.shownName.isEmpty())
         info.shownName = searchName(fileName);

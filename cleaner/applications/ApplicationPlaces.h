@@ -42,6 +42,7 @@ public:
         QString identifier;   // the bundle id (macOS), the desktop entry's id (Linux); may be empty
         QString shownName;    // the name to show, never empty
         QString desktopEntry; // Linux: the user's desktop entry that launches it, if any
+        QString icon;         // its picture's path, or (Linux) an icon theme's name; may be empty
     };
     static std::optional<BundleInfo> bundleInfo(const QString &appPath);
 };

@@ -204,5 +204,8 @@ Category UninstallFolderInfo::applicationCategory(const QString &appPath,
         c.size += node->size;
         c.files << node;
     }
+    // The application's own item shows the application's own picture.
+    if (bundle && !bundle->icon.isEmpty())
+        c.files.first()->icon = bundle->icon;
     return c;
 }

@@ -1,6 +1,7 @@
 #include "cleaner/erasure/ArchiveExtractor.h"
 
 #include "cleaner/core/Descriptor.h"
+#include "cleaner/erasure/SevenZipBlocks.h"
 #include "cleaner/erasure/WriteBehind.h"
 
 #include <QFile>
@@ -422,31 +423,58 @@ EntryFate unpackEntry(archive *a, archive_entry *entry, const Writer &writer)
     return fate;
 }
 
-// The number of entries when a rar can be unpacked by several readers at
-// once, else 0: one volume, not solid (skipping an entry is then a seek), at
-// least two files, and nothing whose result could depend on the order the
-// entries are written in: no link, device, encrypted or refused entry, no
-// name given twice, no file where another entry needs a folder.
-int parallelEntries(const QStringList &volumes)
+// Runs of entries, [first, end), that readers can take one at a time.
+using Stretches = std::vector<std::pair<int, int>>;
+
+// A 7z in two runs that each start a block, as near its middle as the blocks
+// allow; none for a 7z of one block.
+Stretches halvesOf(const SevenZipBlocks &blocks)
+{
+    if (blocks.firstEntry.size() < 2)
+        return {};
+    qint64 total = 0;
+    for (qint64 size : blocks.size)
+        total += size;
+    qsizetype cut = 1;
+    qint64 before = blocks.size[0];
+    for (qint64 sum = before; cut + 1 < blocks.size.size(); ++cut) {
+        const qint64 next = sum + blocks.size[cut];
+        if (std::abs(total - 2 * next) >= std::abs(total - 2 * sum))
+            break;
+        sum = next;
+    }
+    const int middle = blocks.firstEntry[cut];
+    return {{0, middle}, {middle, blocks.entries}};
+}
+
+// How several readers can share an archive at once, or none: one volume,
+// at least two files, and nothing whose result could depend on the order the
+// entries are written in (no link, device, encrypted or refused entry, no
+// name given twice, no file where another entry needs a folder). A rar that
+// is not solid gives each entry to the next free reader, skipping an entry
+// being a seek there; a 7z can only be entered at a block's start, so it is
+// cut in two at a block.
+Stretches parallelStretches(const QStringList &volumes)
 {
     if (volumes.size() != 1 || ArchiveExtractor::isSolidRar(volumes.first()))
-        return 0;
+        return {};
     Reader reader = openReader(volumes);
     if (!reader)
-        return 0;
+        return {};
     std::set<QByteArray> files, folders;
-    int entries = 0, regular = 0;
+    int entries = 0, regular = 0, format = 0;
     archive_entry *entry;
     int r;
     while ((r = archive_read_next_header(reader.get(), &entry)) == ARCHIVE_OK) {
-        const int format = archive_format(reader.get()) & ARCHIVE_FORMAT_BASE_MASK;
-        if (format != ARCHIVE_FORMAT_RAR && format != ARCHIVE_FORMAT_RAR_V5)
-            return 0;
+        format = archive_format(reader.get()) & ARCHIVE_FORMAT_BASE_MASK;
+        if (format != ARCHIVE_FORMAT_RAR && format != ARCHIVE_FORMAT_RAR_V5 &&
+            format != ARCHIVE_FORMAT_7ZIP)
+            return {};
         const int type = archive_entry_filetype(entry);
         if (archive_entry_is_encrypted(entry) || archive_entry_hardlink(entry) ||
             (type != 0 && type != AE_IFREG && type != AE_IFDIR) ||
             !ArchiveExtractor::entryRefusal(entry).isEmpty())
-            return 0;
+            return {};
         const QList<QByteArray> steps = stepsOf(archive_entry_pathname(entry));
         QByteArray path;
         for (qsizetype i = 0; i < steps.size(); ++i) {
@@ -456,29 +484,37 @@ int parallelEntries(const QStringList &volumes)
         }
         if (type != AE_IFDIR) {
             if (!files.insert(path).second)
-                return 0;
+                return {};
             ++regular;
         }
         ++entries;
         if (archive_read_data_skip(reader.get()) != ARCHIVE_OK)
-            return 0;
+            return {};
     }
     if (r != ARCHIVE_EOF || regular < 2)
-        return 0;
+        return {};
     for (const QByteArray &file : files) {
         if (folders.count(file))
-            return 0;
+            return {};
     }
-    return entries;
+    if (format == ARCHIVE_FORMAT_7ZIP) {
+        const SevenZipBlocks blocks = SevenZipBlocks::of(volumes.first());
+        // A header read otherwise than libarchive reads it is not split.
+        return blocks.entries == entries ? halvesOf(blocks) : Stretches();
+    }
+    Stretches each;
+    for (int i = 0; i < entries; ++i)
+        each.emplace_back(i, i + 1);
+    return each;
 }
 
-// Several readers over the same archive, each taking the next entry no one
-// has taken and skipping to it; the first failure stops them all.
+// Several readers over the same archive, each taking the next stretch no
+// one has taken and skipping to it; the first failure stops them all.
 class ParallelUnpack {
 public:
-    ParallelUnpack(const QStringList &volumes, int entries, qint64 total, const Writer &writer,
-                   const ArchiveExtractor::Progress &progress)
-        : m_volumes(volumes), m_entries(entries), m_total(total), m_writer(writer),
+    ParallelUnpack(const QStringList &volumes, Stretches stretches, qint64 total,
+                   const Writer &writer, const ArchiveExtractor::Progress &progress)
+        : m_volumes(volumes), m_stretches(std::move(stretches)), m_total(total), m_writer(writer),
           m_progress(progress)
     {}
 
@@ -506,37 +542,41 @@ private:
                 Outcome{Result::Failed, QStringLiteral("the archive cannot be opened"), 0});
         archive_entry *entry = nullptr;
         int at = -1; // the entry whose header was read last
-        for (int next = m_next++; next < m_entries && !m_stop; next = m_next++) {
-            while (at < next) {
-                if (at >= 0 && entry)
-                    archive_read_data_skip(reader.get());
-                entry = nullptr;
-                const int r = archive_read_next_header(reader.get(), &entry);
-                if (r == ARCHIVE_EOF)
-                    return finish(Outcome{Result::Damaged, errorOf(nullptr), 0});
-                if (r < ARCHIVE_WARN)
-                    return finish(headerFailure(reader.get(), 0));
-                ++at;
-            }
-            const qint64 before = archive_filter_bytes(reader.get(), -1);
-            EntryFate fate = unpackEntry(reader.get(), entry, m_writer);
-            entry = nullptr; // its data is read or skipped
-            if (fate.end)
-                return finish(*fate.end);
-            std::lock_guard lock(m_mutex);
-            if (m_refused.isEmpty())
-                m_refused = fate.refused;
-            if (!fate.written)
-                continue;
-            ++m_written;
-            // The compressed bytes of the entries written, whichever reader
-            // wrote them (what a reader skips is not counted).
-            m_read += archive_filter_bytes(reader.get(), -1) - before;
-            if (m_progress && m_total > 0 &&
-                !m_progress(std::min(1.0, double(m_read) / double(m_total)))) {
-                if (!m_end)
-                    m_end = Outcome{Result::Failed, QStringLiteral("stopped"), 0};
-                m_stop = true;
+        for (size_t taken = m_next++; taken < m_stretches.size() && !m_stop; taken = m_next++) {
+            const auto [first, end] = m_stretches[taken];
+            for (int next = first; next < end && !m_stop; ++next) {
+                while (at < next) {
+                    if (at >= 0 && entry)
+                        archive_read_data_skip(reader.get());
+                    entry = nullptr;
+                    const int r = archive_read_next_header(reader.get(), &entry);
+                    if (r == ARCHIVE_EOF)
+                        return finish(Outcome{Result::Damaged, errorOf(nullptr), 0});
+                    if (r < ARCHIVE_WARN)
+                        return finish(headerFailure(reader.get(), 0));
+                    ++at;
+                }
+                const qint64 before = archive_filter_bytes(reader.get(), -1);
+                EntryFate fate = unpackEntry(reader.get(), entry, m_writer);
+                entry = nullptr; // its data is read or skipped
+                if (fate.end)
+                    return finish(*fate.end);
+                std::lock_guard lock(m_mutex);
+                if (m_refused.isEmpty())
+                    m_refused = fate.refused;
+                if (!fate.written)
+                    continue;
+                ++m_written;
+                // The compressed bytes of the entries written, whichever reader
+                // wrote them (what a reader skips is not counted; a reader that
+                // went back to a block's start reads as nothing).
+                m_read += std::max<qint64>(0, archive_filter_bytes(reader.get(), -1) - before);
+                if (m_progress && m_total > 0 &&
+                    !m_progress(std::min(1.0, double(m_read) / double(m_total)))) {
+                    if (!m_end)
+                        m_end = Outcome{Result::Failed, QStringLiteral("stopped"), 0};
+                    m_stop = true;
+                }
             }
         }
     }
@@ -550,11 +590,11 @@ private:
     }
 
     const QStringList &m_volumes;
-    const int m_entries;
+    const Stretches m_stretches;
     const qint64 m_total;
     const Writer &m_writer;
     const ArchiveExtractor::Progress &m_progress;
-    std::atomic<int> m_next{0};
+    std::atomic<size_t> m_next{0};
     std::atomic<bool> m_stop{false};
     std::mutex m_mutex; // guards what follows
     std::optional<Outcome> m_end;
@@ -583,9 +623,10 @@ ArchiveExtractor::Outcome ArchiveExtractor::extract(const QString &archive, cons
     if (workers <= 0)
         workers = int(std::clamp(std::thread::hardware_concurrency(), 1u, 2u));
     if (workers > 1) {
-        if (const int entries = parallelEntries(volumes)) {
+        if (Stretches stretches = parallelStretches(volumes); !stretches.empty()) {
             const Writer writer(root.get());
-            return ParallelUnpack(volumes, entries, total, writer, progress).run(workers);
+            return ParallelUnpack(volumes, std::move(stretches), total, writer, progress)
+                .run(workers);
         }
     }
     // One reader: with a second core, writing goes on beside the decompression.

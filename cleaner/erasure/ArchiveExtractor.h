@@ -48,9 +48,11 @@ public:
     // Whether the archive is a solid rar (4 or 5), from its main header.
     static bool isSolidRar(const QString &archive);
 
-    // A rar that is not solid, in one volume, with plain files and folders
-    // only, is unpacked by up to `workers` readers at once (0: one per core,
-    // at most two); anything else by one reader, entry after entry.
+    // A rar that is not solid, or a 7z of two blocks or more, in one volume,
+    // with plain files and folders only, is unpacked by up to `workers`
+    // readers at once (0: one per core, at most two); anything else by one
+    // reader, entry after entry, with the writing on a second thread when
+    // `workers` allows one.
     static Outcome extract(const QString &archive, const QString &target, const Progress &progress,
                            int workers = 0);
 

@@ -1,6 +1,7 @@
 #include "cleaner/shell/ImageStore.h"
 
 #include <QFileInfo>
+#include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -49,5 +50,10 @@ QIcon ImageStore::icon(const QString &name)
 
 QIcon ImageStore::themeIcon(const QString &freedesktopName, const QString &fallbackName)
 {
+    // An application's picture may be named by its path.
+    if (freedesktopName.startsWith(QLatin1Char('/'))) {
+        QImageReader reader(freedesktopName);
+        return reader.canRead() ? QIcon(freedesktopName) : icon(fallbackName);
+    }
     return QIcon::fromTheme(freedesktopName, icon(fallbackName));
 }

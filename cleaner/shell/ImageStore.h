@@ -14,6 +14,7 @@ public:
     static bool has(const QString &name);
     static QPixmap pixmap(const QString &name, const QSize &size, qreal devicePixelRatio);
     static QIcon icon(const QString &name);
-    // The desktop theme's icon of a freedesktop name, or the product's own drawing.
+    // The desktop theme's icon of a freedesktop name (or the picture at an
+    // absolute path), or the product's own drawing.
     static QIcon themeIcon(const QString &freedesktopName, const QString &fallbackName);
 };

@@ -19,6 +19,7 @@
 #include "cleaner/shell/KestalRightTopOverViewAndScanViewController.h"
 #include "cleaner/shell/KestalRightTopShowMessageViewController.h"
 #include "cleaner/shell/KestalShredTopDetailViewController.h"
+#include "cleaner/shell/KestalTopDetailLeftTableView.h"
 #include "cleaner/shell/KestalUninstallerTopDetailRigthOutlineView.h"
 
 using TopChild = KestalSuperViewController::TopChild;
@@ -59,6 +60,9 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
                 : KestalFinderDetailViewControllers::create(i, this);
         if (!detail)
             detail = new KestalDetailViewController(i, this);
+        // Each application is shown by its own picture.
+        if (KestalTopDetailLeftTableView *categories = detail->categoryModel())
+            categories->setIsRealImage(i == UninstallService::moduleIndex);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.
         for (int kind = 0; kind < int(TopChild::count); ++kind) {

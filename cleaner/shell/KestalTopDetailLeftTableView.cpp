@@ -150,13 +150,15 @@ QVariant KestalTopDetailLeftTableView::data(const QModelIndex &index, int role) 
     if (role == Qt::CheckStateRole && !placeholder)
         return c.state == 1 ? Qt::Checked : c.state == -1 ? Qt::PartiallyChecked : Qt::Unchecked;
     if (role == Qt::DecorationRole) {
-        const bool real = m_isRealImage && !placeholder && !c.files.isEmpty();
+        // A category's own picture when its first item brings one (an
+        // application's), else the module's drawing.
+        const bool real =
+            m_isRealImage && !placeholder && !c.files.isEmpty() && !c.files.first()->icon.isEmpty();
         const QString name = real ? c.files.first()->iconName() : c.image;
         auto found = m_icons.find(name);
         if (found == m_icons.end())
-            found =
-                m_icons.insert(name, real ? ImageStore::themeIcon(name, QStringLiteral("Document"))
-                                          : ImageStore::icon(name));
+            found = m_icons.insert(name, real ? ImageStore::themeIcon(name, c.image)
+                                              : ImageStore::icon(name));
         return *found;
     }
     return {};

@@ -57,7 +57,14 @@ private slots:
         const QString toolEntry = home.file(".local/share/applications/tool.desktop");
         QFile entry(toolEntry);
         QVERIFY(entry.open(QIODevice::WriteOnly));
-        entry.write("[Desktop Entry]\nName=Tool\nExec=" + QFile::encodeName(tool) + "\n");
+        // Tool's entry names its picture by path: the list shows it.
+        const QString toolIcon = home.path(".local/share/icons/tool.png");
+        QDir().mkpath(QFileInfo(toolIcon).path());
+        QImage picture(32, 32, QImage::Format_RGB32);
+        picture.fill(QColor(200, 30, 40));
+        QVERIFY(picture.save(toolIcon));
+        entry.write("[Desktop Entry]\nName=Tool\nExec=" + QFile::encodeName(tool) +
+                    "\nIcon=" + QFile::encodeName(toolIcon) + "\n");
         entry.close();
         const QString toolConfig = home.folder(".config/tool");
         home.file(".config/tool/settings.json", 200);
@@ -98,6 +105,15 @@ private slots:
         QCOMPARE(titles, QStringList({"Editor", "Tool", "Viewer"}));
         const QModelIndex toolRow = rowNamed(review->leftCategoryTableView(), "Tool");
         const QModelIndex editorRow = rowNamed(review->leftCategoryTableView(), "Editor");
+        const auto centre = [](const QModelIndex &row) {
+            return row.data(Qt::DecorationRole)
+                .value<QIcon>()
+                .pixmap(16, 16)
+                .toImage()
+                .pixelColor(8, 8);
+        };
+        QCOMPARE(centre(toolRow), QColor(200, 30, 40));
+        QVERIFY(centre(editorRow) != QColor(200, 30, 40));
         // Each application lists its own item and its leftovers, with their sizes.
         review->leftCategoryTableView()->setCurrentIndex(toolRow);
         KestalTopDetailRigthOutlineView *files = review->fileModel();
