@@ -42,7 +42,9 @@ FolderInfoPtr marker(const QString &name, qint64 size = 1)
     return FolderInfo::make(0, name, {}, size, {}, false, {}, QUrl(), false, {}, false, 0, {});
 }
 
-// Lets the main loop run n timer intervals.
+// Lets the main loop run n timer intervals. Used only before asserting that
+// something did NOT happen: a callback that never comes has no condition to
+// wait on, only the time in which it would have come.
 void waitForTicks(int n)
 {
     QTest::qWait(n * KestalService::timeInterval * 1000 + 200);
