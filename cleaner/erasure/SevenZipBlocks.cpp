@@ -26,9 +26,10 @@ enum Property : quint8 {
     kEncodedHeader = 0x17,
 };
 
-// Bounds that no real archive's header reaches; past them it is damaged.
-constexpr quint64 kMaxHeader = quint64(256) << 20;
-constexpr quint64 kMaxCount = quint64(1) << 24;
+// Bounds that no real archive's header reaches; past them it is damaged (or
+// is one this reads no further, and the archive gets one reader).
+constexpr quint64 kMaxHeader = quint64(64) << 20;
+constexpr quint64 kMaxStreams = 64; // of the coders of one block, as 7-Zip allows
 
 // A cursor over header bytes; any read past the end, or any count past the
 // bounds, leaves it failed and reading zeros.
@@ -63,10 +64,12 @@ public:
         return value;
     }
 
+    // A count of what follows: at most one thing a bit of what is left, so
+    // that a damaged count never makes a long loop or a large list.
     quint64 count()
     {
         const quint64 n = number();
-        if (n > kMaxCount)
+        if (n > quint64(m_bytes.size() - m_at) * 8)
             m_ok = false;
         return m_ok ? n : 0;
     }
@@ -97,13 +100,16 @@ public:
         return v;
     }
 
-    // A bit vector led by a byte that, when set, says every bit is set.
-    QList<bool> bitsOrAll(quint64 n) { return byte() ? QList<bool>(qsizetype(n), true) : bits(n); }
-
-    // Digests: which are there, then four bytes each.
+    // Digests: a byte that, when set, says all n are there, else a bit for
+    // each; then four bytes for each that is there.
     QList<bool> digests(quint64 n)
     {
-        const QList<bool> there = bitsOrAll(n);
+        const bool all = byte();
+        if (all && n > quint64(m_bytes.size() - m_at) / 4) {
+            m_ok = false;
+            return {};
+        }
+        const QList<bool> there = all ? QList<bool>(qsizetype(n), true) : bits(n);
         for (bool d : there) {
             if (d)
                 skip(4);
@@ -148,6 +154,8 @@ Folder readFolder(Cursor &c, quint64 &outputs)
             in = c.count();
             out = c.count();
         }
+        if (ins + in > kMaxStreams || outputs + out > kMaxStreams)
+            c.fail();
         QByteArray properties;
         if (flags & 0x20)
             properties = c.take(c.count());
@@ -159,8 +167,8 @@ Folder readFolder(Cursor &c, quint64 &outputs)
         outputs += out;
     }
     f.coders = int(coders);
-    if (outputs == 0)
-        c.fail();
+    if (outputs == 0 || !c.ok())
+        return c.fail(), f;
     const quint64 pairs = outputs - 1;
     QList<bool> bound(qsizetype(c.ok() ? outputs : 0), false);
     for (quint64 i = 0; i < pairs && c.ok(); ++i) {
@@ -199,7 +207,7 @@ void readUnpackInfo(Cursor &c, Streams &s)
         return c.fail();
     for (qsizetype i = 0; i < s.folders.size() && c.ok(); ++i) {
         const quint64 last = s.folders[i].size;
-        for (quint64 o = 0; o < outputs[i]; ++o) {
+        for (quint64 o = 0; o < outputs[i] && c.ok(); ++o) {
             const quint64 size = c.number();
             if (o == last)
                 s.folders[i].size = size;
