@@ -36,6 +36,8 @@ inline const QString bin =
 inline const QString helperProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-helper");
 inline const QString serviceProgram = bin + QStringLiteral("/libexec/brenlow/brenlow-service");
 inline const QString cliProgram = bin + QStringLiteral("/bin/brenlow-cli");
+inline const QStringList serviceArgs{QStringLiteral("--name"),
+                                     QStringLiteral("com.orrimay.Brenlow.XPCService")};
 
 // Where the next service started finds its helper and how it starts it.
 inline void useHelper(const QString &launcher, const QString &helper = helperProgram)
@@ -113,6 +115,15 @@ public:
         for (;;) {
             auto m = next();
             if (!m || m->value(QStringLiteral("sel")).toString() != QLatin1String(Wire::processed))
+                return m;
+        }
+    }
+    // The next finished report, passing over every other message.
+    std::optional<QCborMap> nextFinished()
+    {
+        for (;;) {
+            auto m = next();
+            if (!m || m->value(QStringLiteral("sel")).toString() == QLatin1String(Wire::finished))
                 return m;
         }
     }
@@ -299,6 +310,22 @@ inline QMap<QByteArray, QByteArray> snapshot(const QString &root)
     };
     nftw(top.constData(), visit, 16, FTW_PHYS);
     return out;
+}
+
+// A snapshot of the tree at root less the removed paths (and what lies below
+// them) and the program's own settings, which every run may write.
+inline QMap<QByteArray, QByteArray> without(QMap<QByteArray, QByteArray> tree, const QString &root,
+                                            const QByteArrayList &removed = {})
+{
+    const QByteArray top = QFile::encodeName(root);
+    tree.removeIf([&](const auto &it) {
+        const QByteArray full = top + it.key();
+        return it.key().startsWith("/home/.config") ||
+               std::any_of(removed.begin(), removed.end(), [&](const QByteArray &gone) {
+                   return full == gone || full.startsWith(QByteArray(gone + '/'));
+               });
+    });
+    return tree;
 }
 
 inline bool existsOnDisk(const QByteArray &path)

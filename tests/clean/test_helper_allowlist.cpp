@@ -201,7 +201,7 @@ private slots:
     void unknownOperationIsAnswered()
     {
         useHelper(QString());
-        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
+        Peer service(serviceProgram, serviceArgs);
         const QByteArray path = "/nonexistent-brenlow/unknown";
         service.send(Wire::call(Wire::serviceOperation, {Wire::wireFromPaths({{path, {2, 5, 0}}}),
                                                          16, 6, Wire::identitiesToWire({})}));

@@ -153,7 +153,7 @@ private slots:
         QFETCH(QString, helper);
         QFETCH(QString, number);
         useHelper(launcher, helper);
-        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
+        Peer service(serviceProgram, serviceArgs);
         // An announcement is not answered; the request after it is.
         service.send(Wire::call(Wire::serviceOperation,
                                 {QCborMap(), qint64(operationType::start), 4, QCborMap()}));
@@ -173,7 +173,7 @@ private slots:
         useHelper(shellProgram(programs, "launcher",
                                "sleep 600 & echo $! > '" + QFile::encodeName(pidFile) + "'; wait"));
         qputenv("BRENLOW_HELPER_START_TIMEOUT_MS", "300");
-        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"}, true);
+        Peer service(serviceProgram, serviceArgs, true);
         service.send(serviceDelete(4));
         expectInstallFail(service.next(), QStringLiteral("1023"), 4);
         const qint64 sleeper = pidIn(pidFile);
@@ -190,7 +190,7 @@ private slots:
         useHelper(shellProgram(programs, "launcher",
                                "exec 3<&0; \"$@\" <&3 & echo $! > '" + QFile::encodeName(pidFile) +
                                    "'; wait $!"));
-        Peer service(serviceProgram, {"--name", "com.orrimay.Brenlow.XPCService"});
+        Peer service(serviceProgram, serviceArgs);
         service.send(serviceDelete(4));
         const auto first = service.nextSkippingProgress();
         QVERIFY(first);

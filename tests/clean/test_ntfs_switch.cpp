@@ -133,13 +133,8 @@ private slots:
         for (const QString &path : expected.keys())
             paths.insert(QFile::encodeName(path), {0});
         Peer helper(helperProgram);
-        helper.send(Wire::call(Wire::helperOperation,
-                               {Wire::wireFromPaths(paths), QCborValue(QCborValue::Null),
-                                qint64(operationType::usb), 0, QCborMap()}));
-        std::optional<QCborMap> answer;
-        while ((answer = helper.next()) &&
-               answer->value(QStringLiteral("sel")).toString() != QLatin1String(Wire::finished)) {
-        }
+        helper.send(operationCall(Wire::wireFromPaths(paths), qint64(operationType::usb)));
+        std::optional<QCborMap> answer = helper.nextFinished();
         QVERIFY(answer);
         const QCborArray args = answer->value(QStringLiteral("args")).toArray();
         QCOMPARE(args.at(0).toBool(), false);
@@ -157,13 +152,9 @@ private slots:
             QVERIFY2(readOnlyAt(refused), qPrintable(refused));
 
         // Asked again, a writable volume is left as it is.
-        helper.send(
-            Wire::call(Wire::helperOperation,
-                       {Wire::wireFromPaths({{QFile::encodeName(clean), {0}}}),
-                        QCborValue(QCborValue::Null), qint64(operationType::usb), 0, QCborMap()}));
-        while ((answer = helper.next()) &&
-               answer->value(QStringLiteral("sel")).toString() != QLatin1String(Wire::finished)) {
-        }
+        helper.send(operationCall(Wire::wireFromPaths({{QFile::encodeName(clean), {0}}}),
+                                  qint64(operationType::usb)));
+        answer = helper.nextFinished();
         QVERIFY(answer);
         QCOMPARE(answer->value(QStringLiteral("args")).toArray().at(0).toBool(), true);
     }

@@ -108,8 +108,7 @@ private:
     {
         if (program == QLatin1String("helper"))
             return std::make_unique<Peer>(helperProgram);
-        return std::make_unique<Peer>(serviceProgram,
-                                      QStringList{"--name", "com.orrimay.Brenlow.XPCService"});
+        return std::make_unique<Peer>(serviceProgram, serviceArgs);
     }
 
     // Frames made at run time from the seeds: bits flipped, bytes replaced,

@@ -1,7 +1,8 @@
 // What the NTFS switch reads of a volume before it acts: the mount table's
-// fields, and the NTFS signature and dirty flag of real images that mkntfs
+// fields and escapes, and the NTFS signature and dirty flag of real images that mkntfs
 // makes and the ntfs-3g tools change.
 
+#include "helper/AllowList.h"
 #include "helper/MountTable.h"
 #include "helper/NtfsVolume.h"
 
@@ -35,10 +36,13 @@ private slots:
             "40 22 7:0 / /media/u/My\\040Disk ro,nosuid shared:5 master:2 - fuseblk /dev/loop0 "
             "ro,user_id=0\n"
             "41 22 7:1 / /media/u/My\\040Disk rw - ntfs3 /dev/loop1 rw,uid=1000\n"
+            "42 22 8:18 / /mnt/back\\134slash\\011tab rw - ext4 /dev/sdb2 rw\n"
+            "43 22 8:19 / /mnt/not\\8escape rw - ext4 /dev/sdb3 rw\n"
             "broken line\n";
         const QList<MountEntry> entries = MountTable::parse(table);
-        QCOMPARE(entries.size(), 3);
-        QCOMPARE(entries[1].mountPoint, QByteArray("/media/u/My Disk"));
+        QCOMPARE(AllowList::mountPoints(table),
+                 (QList<QByteArray>{"/", "/media/u/My Disk", "/media/u/My Disk",
+                                    "/mnt/back\\slash\ttab", "/mnt/not\\8escape"}));
         QCOMPARE(entries[1].fileSystemType, QByteArray("fuseblk"));
         QCOMPARE(entries[1].source, QByteArray("/dev/loop0"));
         QVERIFY(entries[1].readOnly && !entries[0].readOnly);

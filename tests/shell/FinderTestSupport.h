@@ -11,7 +11,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QPointer>
-#include <QTimer>
 
 // Settings of the test's own, the finders' scans registered, and no service:
 // the finders scan in the window's own process.
@@ -22,20 +21,13 @@ inline void prepareFinderScreens()
     qputenv("BRENLOW_SERVICE_PATH", "/nonexistent/brenlow-service");
 }
 
-// Chooses `folder` in the next folder dialog, from the event loop of its exec().
+// Chooses `folder` in the next folder dialog.
 inline void answerNextFolderDialog(const QString &folder)
 {
-    auto *poll = new QTimer;
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, folder] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->deleteLater();
+    answerNextModal<QFileDialog>([folder](QFileDialog *dialog) {
         dialog->setDirectory(folder);
         static_cast<QDialog *>(dialog)->accept(); // the dialog's own accept, as OK does
     });
-    poll->start();
 }
 
 // Triggers a menu entry twice: the one window it opens, or null when it

@@ -83,21 +83,29 @@ struct MessageBoxSeen {
     bool shown = false;
 };
 
-// Answers the next modal message box by pressing the button with this text,
-// polling from the event loop of the box's own exec().
+// Acts on the next modal window of this type, polling from the event loop of
+// its own exec().
+template <class Dialog, class Act> void answerNextModal(Act act)
+{
+    auto *poll = new QTimer;
+    poll->setInterval(5);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, act] {
+        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget())) {
+            poll->deleteLater();
+            act(dialog);
+        }
+    });
+    poll->start();
+}
+
+// Answers the next modal message box by pressing the button with this text.
 inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &button)
 {
     auto seen = std::make_shared<MessageBoxSeen>();
-    auto *poll = new QTimer;
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, seen, button] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return;
+    answerNextModal<QMessageBox>([seen, button](QMessageBox *box) {
         seen->shown = true;
         seen->title = box->text();
         seen->informative = box->informativeText();
-        poll->deleteLater();
         for (QAbstractButton *b : box->buttons()) {
             if (b->text() == button) {
                 b->click();
@@ -106,6 +114,5 @@ inline std::shared_ptr<MessageBoxSeen> answerNextMessageBox(const QString &butto
         }
         box->reject(); // no such button: end the box so that the test fails, not hangs
     });
-    poll->start();
     return seen;
 }

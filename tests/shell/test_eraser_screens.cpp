@@ -26,7 +26,6 @@ using viewStatus = KestalSuperViewController::viewStatus;
 
 namespace {
 
-const QString binary = QStringLiteral(BRENLOW_TEST_BINARY_DIR);
 const QString rarData = QStringLiteral(BRENLOW_TEST_SOURCE_DIR "/../shared/testdata/rar/");
 
 QStringList rowsOf(const QTreeWidget *table, int column = 0)
@@ -46,11 +45,7 @@ private slots:
     void initTestCase()
     {
         isolateUserSettings();
-        qputenv("BRENLOW_SERVICE_PATH",
-                QFile::encodeName(binary + "/libexec/brenlow/brenlow-service"));
-        qputenv("BRENLOW_HELPER_PATH",
-                QFile::encodeName(binary + "/libexec/brenlow/brenlow-helper"));
-        qputenv("BRENLOW_HELPER_LAUNCHER", "");
+        useBuiltPrograms();
     }
 
     // Add, refuse, cut, sort, select all, shred, look at the log, go back.

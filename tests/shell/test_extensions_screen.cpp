@@ -1,7 +1,6 @@
 // The extensions module in the window, from its scan to a row switched off
 // and on again by the real helper, with the review's search and sort.
 #include "ShippedWindow.h"
-#include "TestPaths.h"
 #include "cleaner/applications/ExtensionsFolderInfo.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/shell/KestalExtensionsTopDetailViewController.h"
@@ -14,8 +13,6 @@
 #include <QTreeWidget>
 #include <unistd.h>
 
-using viewStatus = KestalSuperViewController::viewStatus;
-
 class ExtensionsScreenTest : public QObject {
     Q_OBJECT
 
@@ -23,9 +20,7 @@ private slots:
     void initTestCase()
     {
         isolateUserSettings();
-        qputenv("BRENLOW_SERVICE_PATH", BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-service");
-        qputenv("BRENLOW_HELPER_PATH", BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-helper");
-        qputenv("BRENLOW_HELPER_LAUNCHER", "");
+        useBuiltPrograms();
     }
 
     void scanReviewAndToggle()
@@ -50,25 +45,15 @@ private slots:
             note.write("no metadata.json: no shell loads this");
         }
         world.open();
-        world.show(module);
-
-        KestalRightBottomViewController *bar = world.right()->bottomSwitch()->barOfModule(module);
-        QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(KestalSuperViewController::currentStatus("Extensions"),
-                     viewStatus::scandone_NoEmpty);
-        QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
-        QCOMPARE(KestalSuperViewController::currentStatus("Extensions"), viewStatus::detail);
+        world.scan(module);
+        world.openReview(module);
         // Rows are switched, never cleaned.
-        QVERIFY(!bar->detailViewBtn()->isEnabled());
+        QVERIFY(!world.bar(module)->detailViewBtn()->isEnabled());
 
         auto *review = qobject_cast<KestalExtensionsTopDetailViewController *>(
             world.right()->topSwitch()->detail(module));
         QVERIFY(review && review->isVisible());
-        const QList<Category> &categories = AppModuleService::categoriesOf(module);
-        int shell = -1;
-        for (int ci = 0; ci < categories.size(); ++ci)
-            if (categories[ci].title == QLatin1String("Shell Extensions"))
-                shell = ci;
+        const int shell = categoryTitled(module, "Shell Extensions");
         QVERIFY(shell >= 0);
         review->categoryList()->setCurrentRow(shell);
         QTest::keyClicks(review->findChild<QLineEdit *>("searchField"), "BRENLOW-TEST");

@@ -2,7 +2,6 @@
 // real clean service: a junk module's whole life from scan to log.
 
 #include "ShippedWindow.h"
-#include "TestPaths.h"
 #include "cleaner/clean/KestalCleanManager.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/KestalService.h"
@@ -24,19 +23,16 @@ namespace {
 constexpr int systemJunk = 1;
 constexpr int photoCache = 2;
 constexpr int trashBin = 4;
-const QByteArray realService = BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-service";
 
 // The index of the category titled so, and of its listed item named so.
 std::pair<int, int> itemOf(int module, const QString &category, const QString &name)
 {
-    const QList<Category> &categories = AppModuleService::categoriesOf(module);
-    for (int ci = 0; ci < categories.size(); ++ci) {
-        if (categories[ci].title != category)
-            continue;
-        for (int fi = 0; fi < categories[ci].files.size(); ++fi) {
-            if (categories[ci].files[fi]->name == name)
-                return {ci, fi};
-        }
+    const int ci = categoryTitled(module, category);
+    const QList<FolderInfoPtr> &files =
+        ci < 0 ? QList<FolderInfoPtr>() : AppModuleService::categoriesOf(module)[ci].files;
+    for (int fi = 0; fi < files.size(); ++fi) {
+        if (files[fi]->name == name)
+            return {ci, fi};
     }
     return {-1, -1};
 }
@@ -57,26 +53,14 @@ private:
     KestalLeftTableViewController *left() const { return m_world->root->leftTable(); }
     void show(int module) { m_world->show(module); }
 
-    void scanToResult(int module)
-    {
-        show(module);
-        QTest::mouseClick(bar(module)->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(stateOf(module), viewStatus::scandone_NoEmpty);
-    }
-
 private slots:
-    void initTestCase()
-    {
-        isolateUserSettings();
-        qputenv("BRENLOW_HELPER_PATH", "/nonexistent/brenlow-helper");
-        qputenv("BRENLOW_HELPER_LAUNCHER", "");
-    }
+    void initTestCase() { isolateUserSettings(); }
 
     void init()
     {
         // What the process may not remove goes to the real service, which
         // finds no helper here: such items fail and the log tells why.
-        qputenv("BRENLOW_SERVICE_PATH", realService);
+        useBuiltPrograms("/nonexistent/brenlow-helper");
         m_world = std::make_unique<ShippedWindow>();
         m_home = &m_world->home;
         m_home->file(".cache/appA/blob.bin", 40000);
@@ -107,11 +91,10 @@ private slots:
     void systemJunkFromScanToLog()
     {
         auto *junk = bar(systemJunk);
-        scanToResult(systemJunk);
+        m_world->scan(systemJunk);
         QCOMPARE(topOnScreen(), right()->topSwitch()->showMessage(systemJunk));
 
-        QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(systemJunk), viewStatus::detail);
+        m_world->openReview(systemJunk);
 
         // Only appA's folder stays selected.
         const QList<Category> &categories = AppModuleService::categoriesOf(systemJunk);
@@ -153,10 +136,7 @@ private slots:
                      QString("LogViewSuccess"));
         QCOMPARE(rows->topLevelItem(ci)->text(1), KestalSuperViewController::byteString(40000));
 
-        QTest::mouseClick(junk->cleandoneViewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(systemJunk), viewStatus::showLog);
-        QVERIFY(cleaning->logTableView()->isVisible());
-        QCOMPARE(cleaning->logTableView()->topLevelItem(0)->text(0), QString("Nothing failed."));
+        m_world->openLogWithoutFailures(systemJunk);
         QTest::mouseClick(junk->showLogViewBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(systemJunk), viewStatus::cleandone);
     }
@@ -164,7 +144,7 @@ private slots:
     void cancelledConfirmationChangesNothing()
     {
         auto *junk = bar(systemJunk);
-        scanToResult(systemJunk);
+        m_world->scan(systemJunk);
         QTest::mouseClick(junk->scandoneViewBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(systemJunk), viewStatus::detail);
         const qint64 found = CategoryTotals::instanceTotalSize(systemJunk);
@@ -234,7 +214,7 @@ private slots:
     void failuresReachTheLog()
     {
         auto *junk = bar(systemJunk);
-        scanToResult(systemJunk);
+        m_world->scan(systemJunk);
         QTest::mouseClick(junk->reviewBtn(), Qt::LeftButton);
         QVERIFY(QDir(m_home->path(".cache/appB")).removeRecursively());
         const auto [ci, fi] = itemOf(systemJunk, "User Cache", "appB");

@@ -59,20 +59,17 @@ private slots:
         QVERIFY(QFile::remove(b.webData()));
         PrivacyService::registerWithScanDriver(); // as the application does at its start
         world.open();
-        world.show(privacy);
         KestalRightSplitController *right = world.right();
         KestalRightBottomViewController *bar = right->bottomSwitch()->barOfModule(privacy);
 
-        QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(stateOf(privacy), viewStatus::scandone_NoEmpty);
+        world.scan(privacy);
         QCOMPARE(right->topSwitch()->currentWidget(), right->topSwitch()->showMessage(privacy));
         makeStore(b.webData(), QStringLiteral("chrome-web-data.sql"),
                   QStringLiteral("insert into autofill (name,value,value_lower,date_created)"
                                  " values ('email','a@a.example','a@a.example',1),"
                                  " ('q','late','late',2);"));
 
-        QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(privacy), viewStatus::detail);
+        world.openReview(privacy);
         KestalDetailViewController *review = right->topSwitch()->detail(privacy);
         QCOMPARE(right->topSwitch()->currentWidget(), review);
         QTreeView *browsers = review->leftCategoryTableView();
@@ -141,9 +138,7 @@ private slots:
         QCOMPARE(size, qint64(11 * 512 + 3000 + 300));
         QVERIFY(bar->statusTextField()->text().endsWith(QStringLiteral(", 14 items")));
         QVERIFY(!KestalCleaningViewAndLogViewController::hasFailures(privacy));
-        QTest::mouseClick(bar->cleandoneViewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(privacy), viewStatus::showLog);
-        QCOMPARE(page->logTableView()->topLevelItem(0)->text(0), QStringLiteral("Nothing failed."));
+        world.openLogWithoutFailures(privacy);
         QTest::mouseClick(bar->showLogViewBtn(), Qt::LeftButton);
         QCOMPARE(stateOf(privacy), viewStatus::cleandone);
 

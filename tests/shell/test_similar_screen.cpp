@@ -26,8 +26,6 @@
 #include <QTreeView>
 #include <QTreeWidget>
 
-using viewStatus = KestalSuperViewController::viewStatus;
-
 namespace {
 
 constexpr int similar = SimilarService::moduleIndex;
@@ -115,11 +113,9 @@ private slots:
         QCOMPARE(SimilarService::path(), home("Photos"));
         QCOMPARE(bar->scanPathTextField()->fullText(), "Folder: " + home("Photos"));
 
-        QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE(stateOf(similar), viewStatus::scandone_NoEmpty);
+        m_world->scan(similar);
         QVERIFY(!bar->choosePathBtn()->isVisible());
-        QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(similar), viewStatus::detail);
+        m_world->openReview(similar);
 
         auto *review = qobject_cast<KestalSimilarTopDetailViewController *>(
             right()->topSwitch()->detail(similar));
@@ -144,13 +140,8 @@ private slots:
         QCOMPARE(bar->statusTextField()->text(),
                  "Selected: " + KestalSuperViewController::byteString(size));
 
-        auto question = answerNextMessageBox("Confirm");
-        QTest::mouseClick(bar->detailViewBtn(), Qt::LeftButton);
-        QVERIFY(question->shown);
-        QVERIFY2(question->informative.endsWith("To be removed: 1 item, " +
-                                                KestalSuperViewController::byteString(size)),
-                 qPrintable(question->informative));
-        QTRY_COMPARE(stateOf(similar), viewStatus::cleandone);
+        m_world->confirmClean(similar, "To be removed: 1 item, " +
+                                           KestalSuperViewController::byteString(size));
         QVERIFY(!QFile::exists(half));
         for (const QString &path : std::as_const(stays))
             QVERIFY2(QFile::exists(path), qPrintable(path));
@@ -159,9 +150,7 @@ private slots:
         const QTreeWidgetItem *group = page->cleanningTableView()->topLevelItem(0);
         QCOMPARE(group->text(0), QString("beach.jpg"));
         QCOMPARE(group->text(1), KestalSuperViewController::byteString(size));
-        QTest::mouseClick(bar->cleandoneViewBtn(), Qt::LeftButton);
-        QCOMPARE(stateOf(similar), viewStatus::showLog);
-        QCOMPARE(page->logTableView()->topLevelItem(0)->text(0), QString("Nothing failed."));
+        m_world->openLogWithoutFailures(similar);
     }
 
     void configuration_data()

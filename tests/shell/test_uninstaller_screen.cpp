@@ -5,7 +5,6 @@
 
 #include "ReviewClicks.h"
 #include "ShippedWindow.h"
-#include "TestPaths.h"
 #include "cleaner/applications/KestalUninstallService.h"
 #include "cleaner/core/AppModuleService.h"
 #include "cleaner/scan/UninstallService.h"
@@ -41,9 +40,7 @@ private slots:
     {
         isolateUserSettings();
         KestalUninstallService::registerWithScanDriver();
-        qputenv("BRENLOW_SERVICE_PATH", BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-service");
-        qputenv("BRENLOW_HELPER_PATH", BRENLOW_TEST_BINARY_DIR "/libexec/brenlow/brenlow-helper");
-        qputenv("BRENLOW_HELPER_LAUNCHER", "");
+        useBuiltPrograms();
     }
 
     // Tool goes whole; Editor goes but for one leftover left unticked. Its
@@ -90,13 +87,9 @@ private slots:
                                 home.file(".cache/toolbox/y", 10)};
 
         world.open();
-        world.show(uninstaller);
-        KestalRightBottomViewController *bar =
-            world.right()->bottomSwitch()->barOfModule(uninstaller);
-        QTest::mouseClick(bar->overViewScanBtn(), Qt::LeftButton);
-        QTRY_COMPARE_WITH_TIMEOUT(KestalSuperViewController::currentStatus("Uninstaller"),
-                                  viewStatus::scandone_NoEmpty, 30000);
-        QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
+        KestalRightBottomViewController *bar = world.bar(uninstaller);
+        world.scan(uninstaller, 30000);
+        world.openReview(uninstaller);
         KestalDetailViewController *review = world.right()->topSwitch()->detail(uninstaller);
         QVERIFY(review->isVisible());
         KestalTopDetailLeftTableView *apps = review->categoryModel();
@@ -141,13 +134,7 @@ private slots:
         for (const FolderInfoPtr &f : editorApp.files)
             chosen += f->checked == 1 ? f->size : 0;
 
-        auto question = answerNextMessageBox("Confirm");
-        QTest::mouseClick(bar->detailViewBtn(), Qt::LeftButton);
-        QVERIFY(question->shown);
-        QVERIFY2(question->informative.endsWith("To be removed: 6 items, " + sizeText(chosen)),
-                 qPrintable(question->informative));
-        QTRY_COMPARE_WITH_TIMEOUT(KestalSuperViewController::currentStatus("Uninstaller"),
-                                  viewStatus::cleandone, 30000);
+        world.confirmClean(uninstaller, "To be removed: 6 items, " + sizeText(chosen), 30000);
         for (const QString &gone : {tool, toolEntry, toolConfig, toolCache, editorConfig})
             QVERIFY2(!QFileInfo::exists(gone), qPrintable(gone));
         QCOMPARE(QFileInfo::exists(editor), isLocked);
@@ -170,7 +157,7 @@ private slots:
                                         sizeText(editorWent),
                                     "Tool " + sizeText(toolApp.size)}));
         QTest::mouseClick(bar->cleandoneViewBtn(), Qt::LeftButton);
-        QCOMPARE(KestalSuperViewController::currentStatus("Uninstaller"), viewStatus::showLog);
+        QCOMPARE(stateOf(uninstaller), viewStatus::showLog);
         QTreeWidget *failures = log->logTableView();
         if (isLocked) {
             QCOMPARE(failures->topLevelItemCount(), 2);
@@ -184,9 +171,8 @@ private slots:
         // A new scan finds what was left alone, and nothing of what went.
         QTest::mouseClick(bar->showLogViewBtn(), Qt::LeftButton);
         QTest::mouseClick(bar->rescanBtn(), Qt::LeftButton);
-        QTRY_COMPARE_WITH_TIMEOUT(KestalSuperViewController::currentStatus("Uninstaller"),
-                                  viewStatus::scandone_NoEmpty, 30000);
-        QTest::mouseClick(bar->reviewBtn(), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(stateOf(uninstaller), viewStatus::scandone_NoEmpty, 30000);
+        world.openReview(uninstaller);
         QStringList after = namesOf(review->leftCategoryTableView());
         after.sort();
         QCOMPARE(after, isLocked ? QStringList({"Editor", "Viewer"}) : QStringList("Viewer"));
