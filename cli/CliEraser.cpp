@@ -174,11 +174,12 @@ int CliEraser::extract(const QByteArrayList &args)
             return CliCommands::usage(
                 QStringLiteral("cannot read %1").arg(TerminalText::escaped(passwordFile)));
     }
-    const auto unpack = [&archive, &target](const QString &withPassword) {
+    const double archiveSize = double(QFileInfo(archive).size());
+    const auto unpack = [&archive, &target, archiveSize](const QString &withPassword) {
         ProgressBar bar;
         const auto outcome = KestalDecompressionService::extract(
-            archive, target, withPassword, [&bar, &archive](double fraction) {
-                bar.update(fraction, qint64(fraction * double(QFileInfo(archive).size())), archive);
+            archive, target, withPassword, [&bar, &archive, archiveSize](double fraction) {
+                bar.update(fraction, qint64(fraction * archiveSize), archive);
                 return true;
             });
         bar.finish();

@@ -436,8 +436,7 @@ Stretches halvesOf(const SevenZipBlocks &blocks)
     for (qint64 size : blocks.size)
         total += size;
     qsizetype cut = 1;
-    qint64 before = blocks.size[0];
-    for (qint64 sum = before; cut + 1 < blocks.size.size(); ++cut) {
+    for (qint64 sum = blocks.size[0]; cut + 1 < blocks.size.size(); ++cut) {
         const qint64 next = sum + blocks.size[cut];
         if (std::abs(total - 2 * next) >= std::abs(total - 2 * sum))
             break;

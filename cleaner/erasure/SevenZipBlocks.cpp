@@ -1,6 +1,7 @@
 #include "cleaner/erasure/SevenZipBlocks.h"
 
 #include <QFile>
+#include <QtEndian>
 #include <cstdlib>
 #include <lzma.h>
 
@@ -127,7 +128,8 @@ struct Folder {
     QByteArray method; // the first coder's, and its properties
     QByteArray properties;
     int coders = 0;
-    quint64 size = 0; // of its final output
+    quint64 size = 0;          // of its final output
+    qsizetype finalOutput = 0; // the output no coder reads
     bool hasDigest = false;
     quint64 streams = 1; // the entries' data streams it holds
 };
@@ -184,9 +186,7 @@ Folder readFolder(Cursor &c, quint64 &outputs)
         for (quint64 i = 0; i < packed && c.ok(); ++i)
             c.number();
     }
-    // The final output is the one no pair binds; its index is kept in size
-    // until the sizes are read.
-    f.size = quint64(bound.indexOf(false));
+    f.finalOutput = bound.indexOf(false);
     return f;
 }
 
@@ -206,7 +206,7 @@ void readUnpackInfo(Cursor &c, Streams &s)
     if (c.byte() != kCodersUnpackSize)
         return c.fail();
     for (qsizetype i = 0; i < s.folders.size() && c.ok(); ++i) {
-        const quint64 last = s.folders[i].size;
+        const quint64 last = quint64(s.folders[i].finalOutput);
         for (quint64 o = 0; o < outputs[i] && c.ok(); ++o) {
             const quint64 size = c.number();
             if (o == last)
@@ -388,19 +388,15 @@ SevenZipBlocks SevenZipBlocks::of(const QString &archive)
     const QByteArray start = file.read(32);
     if (start.size() != 32 || !start.startsWith(QByteArray("7z\xBC\xAF\x27\x1C", 6)))
         return {};
-    const auto le = [&start](int at, int bytes) {
-        quint64 v = 0;
-        for (int i = bytes - 1; i >= 0; --i)
-            v = (v << 8) | quint8(start[at + i]);
-        return v;
-    };
-    const quint64 offset = le(12, 8), size = le(20, 8);
+    const auto at = [&start](int offset) { return start.constData() + offset; };
+    const quint64 offset = qFromLittleEndian<quint64>(at(12));
+    const quint64 size = qFromLittleEndian<quint64>(at(20));
     if (size == 0 || size > kMaxHeader || !file.seek(qint64(32 + offset)))
         return {};
     QByteArray header = file.read(qint64(size));
     if (quint64(header.size()) != size ||
         lzma_crc32(reinterpret_cast<const uint8_t *>(header.constData()), size_t(size), 0) !=
-            quint32(le(28, 4)))
+            qFromLittleEndian<quint32>(at(28)))
         return {};
     // A packed header unpacks to the header (7-Zip packs it once).
     for (int depth = 0; depth < 2 && !header.isEmpty() && header[0] == char(kEncodedHeader);

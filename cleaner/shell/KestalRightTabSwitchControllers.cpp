@@ -61,8 +61,8 @@ KestalRightTopTabSwitchController::KestalRightTopTabSwitchController(QWidget *pa
         if (!detail)
             detail = new KestalDetailViewController(i, this);
         // Each application is shown by its own picture.
-        if (KestalTopDetailLeftTableView *categories = detail->categoryModel())
-            categories->setIsRealImage(i == UninstallService::moduleIndex);
+        if (i == UninstallService::moduleIndex)
+            detail->categoryModel()->setIsRealImage(true);
         m_details.insert(i, detail);
         // One child of each kind, in the order of the kinds.
         for (int kind = 0; kind < int(TopChild::count); ++kind) {

@@ -3,6 +3,7 @@
 // encrypted ones through 7-Zip with the password on its standard input.
 
 #include "LoopMount.h"
+#include "SevenZipTool.h"
 #include "TestPaths.h"
 #include "cleaner/erasure/KestalDecompressionService.h"
 #include "support/TreeBuilder.h"
@@ -81,17 +82,6 @@ void write7z(const QString &path, const QList<Entry> &entries)
     }
     archive_write_close(a);
     archive_write_free(a);
-}
-
-// 7-Zip with what it reads on its standard input (the password it asks for).
-bool sevenZip(const QStringList &args, const QByteArray &input, const QString &folder)
-{
-    QProcess p;
-    p.setWorkingDirectory(folder);
-    p.start(QStringLiteral("7zz"), args);
-    p.write(input);
-    p.closeWriteChannel();
-    return p.waitForFinished(60000) && p.exitCode() == 0;
 }
 
 } // namespace
@@ -306,8 +296,8 @@ private slots:
         TreeBuilder tree;
         tree.file(QStringLiteral("src/doc.txt"), 3000);
         tree.file(QStringLiteral("src/sub/more.bin"), 70000);
-        QVERIFY(sevenZip({"a", "-p", "-mhe=on", "../enc.7z", "."}, "s3cret pass\ns3cret pass\n",
-                         tree.path("src")));
+        QVERIFY(sevenZip({"a", "-p", "-mhe=on", "../enc.7z", "."}, tree.path("src"),
+                         "s3cret pass\ns3cret pass\n"));
         const QString target = tree.folder(QStringLiteral("out"));
         const auto outcome =
             KestalDecompressionService::extract(tree.path("enc.7z"), target, password, {});
@@ -323,7 +313,7 @@ private slots:
     {
         TreeBuilder tree;
         tree.file(QStringLiteral("src/big.bin"), 400000);
-        QVERIFY(sevenZip({"a", "-mx=1", "../t.7z", "."}, {}, tree.path("src")));
+        QVERIFY(sevenZip({"a", "-mx=1", "../t.7z", "."}, tree.path("src")));
         QFile::resize(tree.path("t.7z"), QFileInfo(tree.path("t.7z")).size() / 2);
         const auto outcome = KestalDecompressionService::extract(tree.path("t.7z"),
                                                                  tree.folder("out"), QString(), {});

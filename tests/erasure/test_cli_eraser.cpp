@@ -1,5 +1,6 @@
 // brenlow-cli shred and extract, run as a user runs them.
 
+#include "SevenZipTool.h"
 #include "clean/CleanTestSupport.h"
 #include "support/CliProcess.h"
 
@@ -76,12 +77,8 @@ private slots:
         QVERIFY(pw.open(QIODevice::WriteOnly));
         pw.write("two words\n");
         pw.close();
-        QProcess zip;
-        zip.setWorkingDirectory(tree.path("dir"));
-        zip.start(QStringLiteral("7zz"), {"a", "-p", "../enc.7z", "b.txt"});
-        zip.write("two words\ntwo words\n");
-        zip.closeWriteChannel();
-        QVERIFY(zip.waitForFinished(30000) && zip.exitCode() == 0);
+        QVERIFY(sevenZip({"a", "-p", "../enc.7z", "b.txt"}, tree.path("dir"),
+                         "two words\ntwo words\n"));
 
         QByteArrayList argv;
         for (QByteArray a : std::as_const(args))
